@@ -1,0 +1,1 @@
+// The libraries consist of their layers' objects.
