@@ -1,0 +1,84 @@
+#include "services/math/Spline.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+using namespace Kes::Math;
+
+namespace {
+
+typedef std::vector<Vector2> Points;
+
+Points spline(Points points, float step)
+{
+    interpolateCutmullRom(points, step);
+    return points;
+}
+
+} // namespace
+
+TEST(Spline, RunsThroughItsPointsAndAlongTheKnownCurve)
+{
+    Points const data{{0, 0}, {1, 1}, {2, 0}, {3, 2}};
+    Points const curve = spline(data, 0.25f);
+    ASSERT_EQ(13u, curve.size());
+    for (size_t i = 0; i < data.size(); ++i) EXPECT_EQ(data[i], curve[4 * i]) << i;
+    // Halfway: (9 (b + c) - a - d) / 16.
+    EXPECT_FLOAT_EQ(1.5f, curve[6].x());
+    EXPECT_FLOAT_EQ((9 * 1 - 2) / 16.0f, curve[6].y());
+    EXPECT_EQ(31u, spline(data, 0.1f).size());
+    EXPECT_EQ(13u, spline(data, 0.3f).size()); // at 0.3, 0.6 and 0.9
+}
+
+TEST(Spline, LeavesAloneWhatHasNoCurve)
+{
+    Points const data{{0, 0}, {1, 1}, {2, 0}};
+    for (float const step : {1.0f, 0.0f, -1.0f, NAN, INFINITY, 2.0f}) EXPECT_EQ(data, spline(data, step));
+    EXPECT_EQ(Points(), spline({}, 0.1f));
+    EXPECT_EQ(Points({{1, 2}}), spline({{1, 2}}, 0.1f));
+    EXPECT_EQ(Points({{1, 2}, {3, 4}}), spline({{1, 2}, {3, 4}}, 0.1f));
+    EXPECT_EQ(Points({{1, 2}}), spline({{1, 2}, {1, 2}, {1, 2}}, 0.1f));
+    EXPECT_LE(spline(data, 1e-30f).size(), 2001u);
+}
+
+TEST(Spline, EqualNeighboursMakeNoLoop)
+{
+    EXPECT_EQ(spline({{0, 0}, {1, 1}, {2, 0}}, 0.1f), spline({{0, 0}, {1, 1}, {1, 1}, {2, 0}}, 0.1f));
+}
+
+TEST(Spline, GapsPartTheCurve)
+{
+    Points const part = spline({{0, 0}, {1, 1}, {2, 0}}, 0.5f);
+    Points const all = spline({{0, 0}, {1, 1}, {2, 0}, {3, NAN}, {0, 0}, {1, 1}, {2, 0}}, 0.5f);
+    ASSERT_EQ(2 * part.size() + 1, all.size());
+    EXPECT_TRUE(std::isnan(all[part.size()].y()));
+    EXPECT_TRUE(std::equal(part.begin(), part.end(), all.begin()));
+    EXPECT_TRUE(std::equal(part.rbegin(), part.rend(), all.rbegin()));
+}
+
+TEST(Spline, NeverRunsBackOverAscendingData)
+{
+    std::mt19937 random(4);
+    std::exponential_distribution<float> gap(1);
+    for (int round = 0; round < 200; ++round) {
+        Points data{{0, 0}};
+        for (int i = 0; i < 30; ++i) {
+            float const step = std::pow(gap(random), 4.0f);
+            data.push_back(Vector2(data.back().x() + step, gap(random)));
+        }
+        Points const curve = spline(data, 0.05f);
+        EXPECT_TRUE(std::is_sorted(curve.begin(), curve.end(), [](auto a, auto b) { return a.x() < b.x(); }));
+    }
+}
+
+TEST(Spline, CurvesInSpaceToo)
+{
+    std::vector<Vector3> points{{0, 0, 0}, {1, 1, 2}, {2, 0, 4}};
+    interpolateCutmullRom(points, 0.5f);
+    ASSERT_EQ(5u, points.size());
+    // With the end taken twice: a + (b - a) / 2 + (m - n) / 8, m = (b - a) / 2, n = (c - a) / 2.
+    EXPECT_EQ(Vector3(0.4375f, 0.5625f, 0.875f), points[1]);
+}
