@@ -1,0 +1,162 @@
+#include "services/properties/ModifiedWatcher.h"
+#include "services/properties/Properties.h"
+#include "services/properties/ViewPtr.h"
+#include "tests/support/LogCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+/// root with a child that has a child, and a node apart; a watcher on each, all reset.
+struct ChangeTracking : testing::Test {
+    FenModifiedGroup group;
+    FenProperties root{group}, child{group}, grandchild{group}, apart{group};
+    FenModifiedWatcher ofRoot{&root}, ofChild{&child}, ofGrandchild{&grandchild}, ofApart{&apart};
+
+    ChangeTracking()
+    {
+        child.insert(&grandchild, true);
+        root.insert(&child, true);
+        seen();
+    }
+    void seen() const
+    {
+        for (auto const* watcher : {&ofRoot, &ofChild, &ofGrandchild, &ofApart}) watcher->reset();
+    }
+    /// Which watchers report a change, one letter for each, and resets them.
+    std::string changes() const
+    {
+        std::string letters;
+        if (ofRoot.modified()) letters += 'r';
+        if (ofChild.modified()) letters += 'c';
+        if (ofGrandchild.modified()) letters += 'g';
+        if (ofApart.modified()) letters += 'a';
+        seen();
+        return letters;
+    }
+};
+
+TEST_F(ChangeTracking, AChangeReachesDependantsAndWhatIsAboveThem)
+{
+    apart.depend().insert(grandchild);
+    apart.depend().insert(grandchild);
+    EXPECT_EQ("", changes()) << "depending alone is no change";
+    apart.modify();
+    EXPECT_EQ("rcga", changes());
+    apart.depend().erase(grandchild);
+    apart.depend().erase(grandchild);
+    apart.modify();
+    EXPECT_EQ("a", changes());
+}
+
+TEST_F(ChangeTracking, TreeEditsAreChangesOfTheParent)
+{
+    FenProperties late(group);
+    late.rename("late");
+    root.insert(&late, true);
+    EXPECT_EQ("r", changes());
+    late.rename("later");
+    EXPECT_EQ("r", changes());
+    root.remove(&late);
+    EXPECT_EQ("r", changes());
+    late.modify();
+    EXPECT_EQ("", changes()) << "it is in the tree no more";
+}
+
+TEST_F(ChangeTracking, WhatIsTheSameIsNoChange)
+{
+    grandchild.string().setValue("number", 2.5);
+    grandchild.string().setUnit("number", "mm");
+    seen();
+    grandchild.string().setValue("number", 2.5);
+    grandchild.setValue("number", "2.5");
+    grandchild.string().setUnit("number", "mm");
+    grandchild.setType(grandchild.type());
+    grandchild.rename(grandchild.name());
+    grandchild = FenProperties(grandchild);
+    EXPECT_EQ("", changes());
+    grandchild.string().setUnit("number", "cm");
+    EXPECT_EQ("rcg", changes());
+    child.string().setValue("number", 2.5);
+    EXPECT_EQ("rc", changes());
+}
+
+TEST(FenModifiedWatcher, ReportsAChangeUntilItsFirstResetAndWhenTouched)
+{
+    FenModifiedGroup group;
+    FenProperties node(group), other(group);
+    FenModifiedWatcher const watcher(&node);
+    EXPECT_TRUE(watcher.modified());
+    watcher.reset();
+    EXPECT_FALSE(watcher.modified());
+    FenModifiedWatcher const copy(watcher);
+    EXPECT_FALSE(copy.modified()) << "the copy has seen what the original has";
+    watcher.touch();
+    EXPECT_TRUE(watcher.modified());
+    EXPECT_FALSE(copy.modified());
+
+    FenModifiedWatcher assigned(&other);
+    assigned.reset();
+    assigned = copy;
+    EXPECT_TRUE(assigned.modified());
+    assigned.reset();
+    node.modify();
+    EXPECT_FALSE(assigned.modified()) << "it still watches its own object";
+    other.modify();
+    EXPECT_TRUE(assigned.modified());
+}
+
+TEST(FenModifiedWatcher, OutlivesItsObject)
+{
+    FenModifiedGroup group;
+    auto node = std::make_unique<FenProperties>(group);
+    FenModifiedWatcher const watcher(node.get());
+    fen::view_ptr<FenProperties const> const view(node.get());
+    EXPECT_EQ(node.get(), view.get());
+    node.reset();
+    EXPECT_EQ(nullptr, view.get());
+    EXPECT_FALSE(view);
+    watcher.touch();
+    EXPECT_FALSE(watcher.modified());
+    watcher.reset();
+    EXPECT_FALSE(FenModifiedWatcher(nullptr).modified());
+}
+
+TEST(FenModified, EndsAllLinksWhenItIsDestroyed)
+{
+    FenModifiedGroup group;
+    auto source = std::make_unique<FenProperties>(group);
+    auto dependant = std::make_unique<FenProperties>(group);
+    FenProperties last(group);
+    source->depend().insert(*dependant);
+    dependant->depend().insert(last);
+    last.depend().insert(*source); // a circle
+    FenModifiedWatcher const watcher(&last);
+    watcher.reset();
+    source.reset();
+    EXPECT_TRUE(watcher.modified()) << "what it depended on is gone";
+    watcher.reset();
+    last.modify();
+    dependant.reset();
+    EXPECT_TRUE(watcher.modified());
+}
+
+TEST(FenModifiedGroup, CountsItsLocks)
+{
+    FenModifiedGroup group;
+    group.lock();
+    group.lock();
+    group.unlock();
+    EXPECT_TRUE(group.locked());
+    group.unlock();
+    LogCapture log;
+    log.expect("_locks > 0");
+    group.unlock();
+    EXPECT_EQ(1, log.count("_locks > 0"));
+    group.lock();
+    EXPECT_TRUE(group.locked()) << "one unlock too many does not wait for a lock";
+}
+
+} // namespace

@@ -1,0 +1,74 @@
+#include "services/properties/PropertiesList.h"
+#include "services/properties/ModifiedWatcher.h"
+#include "services/properties/Viewport.h"
+#include "tests/support/LogCapture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+typedef FenPropertiesList<FenViewport> List;
+
+QStringList names(List const& list)
+{
+    QStringList names;
+    for (unsigned i = 0; i < list.size(); ++i) names << list[i].name();
+    return names;
+}
+
+TEST(FenPropertiesList, GivesItemsNamesOfTheirOwn)
+{
+    FenModifiedGroup group;
+    List list(group);
+    for (char const* name : {"a", "a", "b", "a", "a.2"}) list.append(name);
+    EXPECT_EQ((QStringList{"a", "a.2", "b", "a.3", "a.2.2"}), names(list));
+    EXPECT_FALSE(list.removeAt(5));
+    EXPECT_TRUE(list.removeAt(1));
+    list.append("a");
+    EXPECT_EQ((QStringList{"a", "b", "a.3", "a.2.2", "a.2"}), names(list));
+    EXPECT_EQ(&list[1], list["b"]);
+    EXPECT_EQ(&list[1], list.child("b", {}));
+    EXPECT_NE(nullptr, dynamic_cast<FenViewport*>(list.child("made", {})));
+    for (int i = 0; i < 20000; ++i) list.append("many"); // would take minutes if every suffix were tried
+    EXPECT_EQ("many.20000", list.back()->name());
+}
+
+TEST(FenPropertiesList, HoldsOneClassOnly)
+{
+    FenModifiedGroup group;
+    List list(group);
+    FenProperties other(group);
+    EXPECT_FALSE(list.insert(&other, true));
+    EXPECT_FALSE(list.insert(nullptr, true));
+    LogCapture log;
+    log.expect("index < size()");
+    list[0].width.set(5.0);
+    EXPECT_EQ(0U, list.size());
+}
+
+TEST(FenPropertiesList, CopiesAndAssignsItsItems)
+{
+    FenModifiedGroup group;
+    List source(group), target(group);
+    source.append("a").width.set(2.0);
+    source.append("b");
+    List copy(source);
+    EXPECT_EQ((QStringList{"a", "b"}), names(copy));
+    EXPECT_EQ(2.0, copy[0].width.get());
+    copy[0].width.set(3.0);
+    EXPECT_EQ(2.0, source[0].width.get());
+
+    target.append("z");
+    target = source;
+    EXPECT_EQ((QStringList{"a", "b"}), names(target));
+    FenModifiedWatcher const watcher(&target[0]);
+    watcher.reset();
+    target = copy; // the same names: the items stay
+    EXPECT_TRUE(watcher.modified());
+    EXPECT_EQ(3.0, target[0].width.get());
+    watcher.reset();
+    target = copy;
+    EXPECT_FALSE(watcher.modified());
+}
+
+} // namespace
