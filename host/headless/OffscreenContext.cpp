@@ -1,0 +1,148 @@
+#include "host/headless/OffscreenContext.h"
+
+#include "services/opengl/Gl.h"
+
+// Without this egl.h brings in the X11 headers and their macros.
+#define EGL_NO_X11
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+
+#include <algorithm>
+
+namespace {
+
+/// The process's connection to EGL: initialised once and never terminated, because contexts of others
+/// may use the same one.
+EGLDisplay surfacelessDisplay()
+{
+    static EGLDisplay const display = [] {
+        EGLDisplay const found =
+            eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
+        return found != EGL_NO_DISPLAY && eglInitialize(found, nullptr, nullptr) ? found : EGL_NO_DISPLAY;
+    }();
+    return display;
+}
+
+} // namespace
+
+struct FenOffscreenContext::State {
+    EGLContext context = EGL_NO_CONTEXT;
+    GLuint framebuffer = 0;
+    GLuint color = 0;
+    GLuint depth = 0;
+    QSize size;
+    QString error;
+
+    bool createContext();
+    bool createFramebuffer();
+    bool allocate(QSize const& wanted);
+};
+
+bool FenOffscreenContext::State::createContext()
+{
+    EGLDisplay const display = surfacelessDisplay();
+    if (display == EGL_NO_DISPLAY) {
+        error = "No EGL display without surfaces.";
+        return false;
+    }
+    eglBindAPI(EGL_OPENGL_API);
+    // Without a version the driver gives its newest compatibility profile.
+    context = eglCreateContext(display, EGL_NO_CONFIG_KHR, EGL_NO_CONTEXT, nullptr);
+    if (context == EGL_NO_CONTEXT || !eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, context)) {
+        error = QString("No OpenGL context (EGL error 0x%1).").arg(eglGetError(), 0, 16);
+        return false;
+    }
+    return true;
+}
+
+bool FenOffscreenContext::State::createFramebuffer()
+{
+    glGenFramebuffers(1, &framebuffer);
+    glGenRenderbuffers(1, &color);
+    glGenRenderbuffers(1, &depth);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    return framebuffer != 0;
+}
+
+bool FenOffscreenContext::State::allocate(QSize const& wanted)
+{
+    GLint most = 0;
+    glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &most);
+    int const limit = std::max<int>(most, 1);
+    size = QSize(std::clamp(wanted.width(), 1, limit), std::clamp(wanted.height(), 1, limit));
+    glBindRenderbuffer(GL_RENDERBUFFER, color);
+    glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, size.width(), size.height());
+    glBindRenderbuffer(GL_RENDERBUFFER, depth);
+    glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH24_STENCIL8, size.width(), size.height());
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, color);
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER, depth);
+    if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) {
+        error = QString("No framebuffer of %1 x %2 pixels.").arg(size.width()).arg(size.height());
+        return false;
+    }
+    error.clear();
+    glViewport(0, 0, size.width(), size.height());
+    glScissor(0, 0, size.width(), size.height());
+    return true;
+}
+
+FenOffscreenContext::FenOffscreenContext(QSize const& size)
+    : _state(std::make_unique<State>())
+{
+    if (_state->createContext() && _state->createFramebuffer()) _state->allocate(size);
+}
+
+FenOffscreenContext::~FenOffscreenContext()
+{
+    if (_state->context == EGL_NO_CONTEXT) return;
+    if (makeCurrent()) {
+        glDeleteFramebuffers(1, &_state->framebuffer);
+        glDeleteRenderbuffers(1, &_state->color);
+        glDeleteRenderbuffers(1, &_state->depth);
+    }
+    doneCurrent();
+    eglDestroyContext(surfacelessDisplay(), _state->context);
+}
+
+bool FenOffscreenContext::valid() const { return _state->framebuffer != 0 && _state->error.isEmpty(); }
+QString FenOffscreenContext::error() const { return _state->error; }
+QSize FenOffscreenContext::size() const { return _state->size; }
+
+bool FenOffscreenContext::makeCurrent()
+{
+    if (_state->context == EGL_NO_CONTEXT) return false;
+    eglBindAPI(EGL_OPENGL_API);
+    if (!eglMakeCurrent(surfacelessDisplay(), EGL_NO_SURFACE, EGL_NO_SURFACE, _state->context)) return false;
+    glBindFramebuffer(GL_FRAMEBUFFER, _state->framebuffer);
+    return true;
+}
+
+void FenOffscreenContext::doneCurrent()
+{
+    if (isCurrent()) eglMakeCurrent(surfacelessDisplay(), EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+}
+
+bool FenOffscreenContext::isCurrent() const
+{
+    return _state->context != EGL_NO_CONTEXT && eglGetCurrentContext() == _state->context;
+}
+
+bool FenOffscreenContext::resize(QSize const& size)
+{
+    return makeCurrent() && (size == _state->size && valid() ? true : _state->allocate(size));
+}
+
+QImage FenOffscreenContext::grab()
+{
+    if (!valid() || !makeCurrent()) return QImage();
+    QImage picture(_state->size, QImage::Format_RGBA8888);
+    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
+    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+    glPixelStorei(GL_PACK_SKIP_ROWS, 0);
+    glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, picture.width(), picture.height(), GL_RGBA, GL_UNSIGNED_BYTE, picture.bits());
+    glPopClientAttrib();
+    return picture.mirrored();
+}

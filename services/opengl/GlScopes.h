@@ -1,0 +1,81 @@
+#pragma once
+
+#include "services/opengl/Gl.h"
+#include "services/opengl/OglDisplayList.h"
+
+namespace fen {
+
+/// Saves the attribute groups of `mask` and restores them at scope end. The
+/// attribute stack may be only 16 deep: at most one of these per routine.
+class AttribScope {
+public:
+    explicit AttribScope(GLbitfield mask) { glPushAttrib(mask); }
+    ~AttribScope() { glPopAttrib(); }
+    AttribScope(AttribScope const&) = delete;
+    AttribScope& operator=(AttribScope const&) = delete;
+};
+
+/// Selects the matrix of `mode` and saves it; restores it at scope end and
+/// leaves the matrix mode at GL_MODELVIEW.
+class MatrixScope {
+public:
+    explicit MatrixScope(GLenum mode)
+        : _mode(mode)
+    {
+        glMatrixMode(_mode);
+        glPushMatrix();
+    }
+    ~MatrixScope()
+    {
+        glMatrixMode(_mode);
+        glPopMatrix();
+        glMatrixMode(GL_MODELVIEW);
+    }
+    MatrixScope(MatrixScope const&) = delete;
+    MatrixScope& operator=(MatrixScope const&) = delete;
+
+private:
+    GLenum _mode;
+};
+
+/// glBegin and glEnd. Not for select passes (Mesa never frees vertices that
+/// are drawn this way in selection mode): use `fen::drawArray` there.
+class PrimitiveScope {
+public:
+    explicit PrimitiveScope(GLenum kind) { glBegin(kind); }
+    ~PrimitiveScope() { glEnd(); }
+    PrimitiveScope(PrimitiveScope const&) = delete;
+    PrimitiveScope& operator=(PrimitiveScope const&) = delete;
+};
+
+/// Records what follows into a display list (GL_COMPILE).
+class ListScope {
+public:
+    explicit ListScope(FenOglDisplayList& list)
+        : _list(list)
+    {
+        _list.begin(GL_COMPILE);
+    }
+    ~ListScope() { _list.end(); }
+    ListScope(ListScope const&) = delete;
+    ListScope& operator=(ListScope const&) = delete;
+
+private:
+    FenOglDisplayList& _list;
+};
+
+/// Ordinary alpha blending; restores the enable bits and the blend function.
+class BlendScope {
+public:
+    BlendScope()
+        : _attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT)
+    {
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    }
+
+private:
+    AttribScope _attributes;
+};
+
+} // namespace fen

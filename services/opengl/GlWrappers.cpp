@@ -1,0 +1,141 @@
+#include "services/opengl/GlWrappers.h"
+
+#include "services/math/BoundingBox.h"
+#include "services/math/Matrix.h"
+#include "services/math/Vector3.h"
+#include "services/opengl/LogOnce.h"
+#include "services/opengl/PixelRatio.h"
+#include "services/opengl/StipplePatterns.h"
+#include "services/properties/Viewport.h"
+
+#include <QColor>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+using Kes::Math::BoundingBox;
+using Kes::Math::Matrix;
+using Kes::Math::Vector3;
+
+namespace {
+
+Matrix currentMatrix(GLenum which)
+{
+    Matrix matrix;
+    std::array<GLfloat, 16> values;
+    std::copy_n(static_cast<float const*>(matrix), values.size(), values.begin()); // kept without a context
+    glGetFloatv(which, values.data());
+    return Matrix(values.data());
+}
+
+int devicePixels(int logical)
+{
+    constexpr double most = 1e6;
+    return int(std::lround(std::clamp(logical * fen::pixelRatio(), -most, most)));
+}
+
+int logicalPixels(int device) { return int(std::lround(device / fen::pixelRatio())); }
+
+/// Usable in float arithmetic: NaN, infinities and what their sums would overflow are not.
+bool usable(Vector3 const& v)
+{
+    constexpr float most = 1e30f;
+    return std::abs(v.x()) < most && std::abs(v.y()) < most && std::abs(v.z()) < most;
+}
+
+/// Box as the eye sees it, -1..1 for one that is undefined or not finite.
+BoundingBox eyeBox(BoundingBox const& box, Matrix const& modelView)
+{
+    BoundingBox const unit(Vector3(-1, -1, -1), Vector3(1, 1, 1));
+    if (!box.defined()) return unit;
+    BoundingBox const seen = box * modelView;
+    if (usable(seen.min()) && usable(seen.max())) return seen;
+    fen::warnOnce("The bounding box of a projection must be finite.");
+    return unit;
+}
+
+} // namespace
+
+Matrix glGetModelViewMatrix() { return currentMatrix(GL_MODELVIEW_MATRIX); }
+Matrix glGetProjectionMatrix() { return currentMatrix(GL_PROJECTION_MATRIX); }
+
+FenOglViewport glGetViewport()
+{
+    GLint values[4] = {0, 0, 0, 0};
+    glGetIntegerv(GL_VIEWPORT, values);
+    return FenOglViewport(logicalPixels(values[0]), logicalPixels(values[1]), logicalPixels(values[2]),
+                          logicalPixels(values[3]));
+}
+
+void glColor(QColor const& color)
+{
+    glColor4f(float(color.redF()), float(color.greenF()), float(color.blueF()), float(color.alphaF()));
+}
+
+void glLight(GLenum light, GLenum parameter, Vector3 const& value)
+{
+    GLfloat const values[] = {value.x(), value.y(), value.z(), 1};
+    glLightfv(light, parameter, values);
+}
+
+void glLight(GLenum light, GLenum parameter, QColor const& value)
+{
+    GLfloat const values[] = {float(value.redF()), float(value.greenF()), float(value.blueF()),
+                              float(value.alphaF())};
+    glLightfv(light, parameter, values);
+}
+
+void glLineStipple(int factor, QString const& pattern)
+{
+    fen::lineStipple(factor, fen::lineStippleBits(pattern));
+}
+
+void glPolygonStipple(QString const& pattern)
+{
+    glPolygonStipple(fen::polygonStippleBits(pattern, fen::pixelRatio()).data());
+}
+
+void glLoadMatrix(Matrix const& matrix) { glLoadMatrixf(static_cast<float const*>(matrix)); }
+void glMultMatrix(Matrix const& matrix) { glMultMatrixf(static_cast<float const*>(matrix)); }
+void glScale(Vector3 const& scale) { glScalef(scale.x(), scale.y(), scale.z()); }
+
+void glOrtho(FenOglViewport const& viewport, BoundingBox const& box, Matrix const& modelView)
+{
+    BoundingBox const seen = eyeBox(box, modelView);
+    Vector3 const center = (seen.min() + seen.max()) * 0.5f;
+    Vector3 const half = (seen.max() - seen.min()) * 0.5f;
+    double const aspect = viewport.valid() ? double(viewport.width()) / viewport.height() : 1;
+    double halfHeight = std::max(double(half.y()), half.x() / aspect);
+    if (!(halfHeight > 0)) halfHeight = half.z() > 0 ? half.z() : 1;
+    double const halfWidth = halfHeight * aspect;
+    constexpr double slack = 1.1; // beyond the box: the far plane wraps in selection mode
+    double const halfDepth = std::max(slack * half.z(), 0.01 * halfHeight);
+    glOrtho(center.x() - halfWidth, center.x() + halfWidth, center.y() - halfHeight, center.y() + halfHeight,
+            -center.z() - halfDepth, -center.z() + halfDepth);
+}
+
+void glViewport(FenOglViewport const& viewport)
+{
+    glViewport(devicePixels(viewport.x()), devicePixels(viewport.y()),
+               devicePixels(std::max(viewport.width(), 0)), devicePixels(std::max(viewport.height(), 0)));
+}
+
+void glViewport(FenViewport const& viewport)
+{
+    glViewport(FenOglViewport::fitToParent(glGetViewport(), viewport));
+}
+
+void gluOrtho2D(FenOglViewport const& viewport)
+{
+    glOrtho(0, std::max(viewport.width(), 1), 0, std::max(viewport.height(), 1), -1, 1);
+}
+
+void gluPickMatrix(QPoint const& point, QSize const& size, FenOglViewport const& viewport)
+{
+    GLint area[] = {viewport.x(), viewport.y(), std::max(viewport.width(), 1),
+                    std::max(viewport.height(), 1)};
+    gluPickMatrix(point.x() + 0.5, point.y() + 0.5, std::max(size.width(), 1), std::max(size.height(), 1),
+                  area);
+}

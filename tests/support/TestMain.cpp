@@ -1,0 +1,17 @@
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+// Drivers stay mapped, so that the leak check at the end can name their functions.
+extern "C" int dlclose(void*) { return 0; }
+#endif
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    // No window is needed unless a test program says so.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication const application(argc, argv);
+    return RUN_ALL_TESTS();
+}
