@@ -1,0 +1,23 @@
+#include "services/chartdata/ChartMultiAxis.h"
+
+QString const FenChartMultiAxis::typeString("chart.multiAxis");
+
+FenChartMultiAxis::FenChartMultiAxis(FenModifiedGroup& group)
+    : FenChart(group)
+    , variables(group)
+    , firstAxis(*this, "firstAxis", QString(), QString())
+{
+    setType(typeString);
+    insertNested(variables, "variables");
+}
+
+FenChartMultiAxis::FenChartMultiAxis(FenChartMultiAxis const& other)
+    : FenChart(other)
+    , variables(other.variables)
+    , unitSystem(other.unitSystem)
+    , firstAxis(*this, other.firstAxis)
+{
+    insertNested(variables, "variables");
+}
+
+FenChartMultiAxis::~FenChartMultiAxis() = default;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "services/chartdata/Chart.h"
+#include "services/chartdata/ChartVariableList.h"
+#include "services/properties/Quantity.h"
+
+/// Content of a chart with an axis per variable (parallel coordinates, spider): item i has entry i of each
+/// variable's y column.
+///
+/// Call `modify()` after a change of `unitSystem`, which is no property.
+class FENVIS_EXPORT FenChartMultiAxis : public FenChart {
+public:
+    static QString const typeString;
+
+    explicit FenChartMultiAxis(FenModifiedGroup& group);
+    FenChartMultiAxis(FenChartMultiAxis const& other);
+    FenChartMultiAxis& operator=(FenChartMultiAxis const&) = default;
+    ~FenChartMultiAxis() override;
+
+    FenChartVariableList variables;
+    FenUnitSystem unitSystem;
+    FenPropertyAdaptor<QString> firstAxis; ///< name of the variable whose axis comes first
+};

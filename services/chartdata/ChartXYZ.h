@@ -1,0 +1,30 @@
+#pragma once
+
+#include "services/chartdata/Chart.h"
+#include "services/chartdata/ChartAxisPair.h"
+#include "services/chartdata/ChartVariableList.h"
+#include "services/properties/Quantity.h"
+
+/// Content of a chart with variables over axes: what 2D and 3D charts share.
+///
+/// Call `modify()` after a change of `unitSystem`, which is no property.
+class FENVIS_EXPORT FenChartXYZ : public FenChart {
+public:
+    ~FenChartXYZ() override;
+    FenChartXYZ& operator=(FenChartXYZ const&) = default;
+
+    FenChartVariableList variables;
+    FenChartAxisPair xAxes;
+    FenChartAxisPair yAxes;
+    FenChartAxisPair zAxes;
+    FenUnitSystem unitSystem;
+    FenPropertyAdaptor<bool> view3D; ///< a 2D chart is shown in depth
+    FenPropertyAdaptor<bool> normalize; ///< a 3D chart is scaled to a cube
+
+protected:
+    FenChartXYZ(FenModifiedGroup& group, QString const& type);
+    FenChartXYZ(FenChartXYZ const& other);
+
+private:
+    void insertChildren();
+};
