@@ -1,0 +1,150 @@
+#include "framework/VisList.h"
+
+#include "services/logging/Checks.h"
+#include "services/math/BoundingBox.h"
+
+namespace {
+
+// Fixed line marks of the traces, and a logged text that is kept as it is.
+constexpr char const* constructorMark = " @line 179";
+constexpr char const* destructorMark = " @line 185";
+constexpr char const* wrongTypeText = "c && \"Type is incorrect\"";
+
+// Types of the nodes above this layer that a list looks up among its children.
+constexpr char const* colorMapType = "visualization.colorMap";
+constexpr char const* planeType = "visualization.plane";
+constexpr char const* colorMapKey = "colorMap";
+
+/// What a failed look-up refers to: a node that does nothing and belongs to no tree.
+class Placeholder final : public FenVisualization {
+public:
+    using FenVisualization::FenVisualization;
+    bool getViewport(FenOglViewport const&, FenOglViewport&) const override { return false; }
+    void update(DrawContext const&) override { }
+    void resize(DrawContext const&) override { }
+    void draw3d(DrawContext const&) const override { }
+    void draw2d(DrawContext const&) const override { }
+    FenVisHitRecordList select3d(SelectContext const&) const override { return FenVisHitRecordList(); }
+    FenVisHitRecordList select2d(SelectContext const&) const override { return FenVisHitRecordList(); }
+    Kes::Math::BoundingBox boundingBox() const override { return Kes::Math::BoundingBox(); }
+};
+
+FenVisualization& placeholder()
+{
+    // Never destroyed, so that it can be referred to until the very end.
+    static FenVisualization& node = *new Placeholder(*new FenModifiedGroup);
+    return node;
+}
+
+FenVisualization* asNode(FenProperties* child) { return dynamic_cast<FenVisualization*>(child); }
+
+FenVisualization const* asNode(FenProperties const* child)
+{
+    return dynamic_cast<FenVisualization const*>(child);
+}
+
+} // namespace
+
+QString const FenVisList::typeString = QStringLiteral("visualization");
+
+FenVisList::FenVisList(FenModifiedGroup& group, QString const& defaultChildName)
+    : FenVisualization(group)
+    , _colorMapNames{FenModifiedWatcher(this), QStringList()}
+    , _planeNames{FenModifiedWatcher(this), QStringList()}
+    , _defaultChildName(defaultChildName)
+{
+    FENVIS_TRACE(constructorMark);
+    setType(typeString);
+}
+
+FenVisList::FenVisList(FenVisList const& other)
+    : FenVisualization(other)
+    , _colorMapNames{FenModifiedWatcher(this), other._colorMapNames.names}
+    , _planeNames{FenModifiedWatcher(this), other._planeNames.names}
+    , _defaultChildName(other._defaultChildName)
+    , _order(other._order)
+{
+    _colorMapNames.watcher.touch();
+    _planeNames.watcher.touch();
+}
+
+FenVisList::~FenVisList() { FENVIS_TRACE(destructorMark); }
+
+bool FenVisList::insert(FenVisualization* node, bool nested)
+{
+    if (!node || node == &placeholder()) return false;
+    if (node->name().isEmpty()) node->rename(_defaultChildName);
+    return insert(static_cast<FenProperties*>(node), nested);
+}
+
+bool FenVisList::insert(std::nullptr_t, bool) { return false; }
+
+FenVisualization& FenVisList::child(QString const& name, QString const& type)
+{
+    FenVisualization* const c = asNode(FenVisualization::child(name, type));
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : placeholder();
+}
+
+FenVisualization const& FenVisList::child(QString const& name, QString const& type) const
+{
+    FenVisualization const* const c = asNode(FenVisualization::child(name, type));
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : placeholder();
+}
+
+FenVisualization* FenVisList::at(unsigned int i) { return asNode(FenVisualization::at(i)); }
+FenVisualization const* FenVisList::at(unsigned int i) const { return asNode(FenVisualization::at(i)); }
+FenVisualization* FenVisList::at(QString const& name) { return asNode(FenVisualization::at(name)); }
+FenVisualization const* FenVisList::at(QString const& name) const
+{
+    return asNode(FenVisualization::at(name));
+}
+FenVisualization* FenVisList::front() { return asNode(FenVisualization::front()); }
+FenVisualization const* FenVisList::front() const { return asNode(FenVisualization::front()); }
+FenVisualization* FenVisList::back() { return asNode(FenVisualization::back()); }
+FenVisualization const* FenVisList::back() const { return asNode(FenVisualization::back()); }
+
+void FenVisList::colorMapList(QStringList& first, QStringList& second) const
+{
+    for (unsigned int i = 0; i < size(); ++i) {
+        FenVisualization const* const node = at(i);
+        if (!node || node->type() != QLatin1String(colorMapType)) continue;
+        second.append(node->name());
+        first.append(node->name());
+    }
+}
+
+QStringList const& FenVisList::listColorMap() const { return namesOfType(_colorMapNames, colorMapType); }
+
+QStringList const& FenVisList::listPlane() const { return namesOfType(_planeNames, planeType); }
+
+QStringList const& FenVisList::namesOfType(NameCache& cache, char const* type) const
+{
+    if (!cache.watcher.modified()) return cache.names;
+    cache.names.clear();
+    for (unsigned int i = 0; i < size(); ++i) {
+        FenVisualization const* const node = at(i);
+        if (node && node->type() == QLatin1String(type)) cache.names.append(node->name());
+    }
+    cache.watcher.reset();
+    return cache.names;
+}
+
+bool FenVisList::colorMapping() const
+{
+    for (unsigned int i = 0; i < size(); ++i) {
+        FenVisualization const* const plane = at(i);
+        if (!plane || plane->type() != QLatin1String(planeType) || !plane->enabled.get()) continue;
+        FenVisualization const* const map = at(plane->getString(colorMapKey, QString()));
+        if (map && map->type() == QLatin1String(colorMapType) && map->enabled.get()) return true;
+    }
+    return false;
+}
+
+Kes::Math::BoundingBox FenVisList::boundingBox() const
+{
+    Kes::Math::BoundingBox box;
+    for (unsigned int i = 0; i < size(); ++i) {
+        if (FenVisualization const* const node = at(i)) box += node->boundingBox();
+    }
+    return box;
+}

@@ -1,0 +1,57 @@
+#include "framework/VisList.h"
+
+#include "charts/chart2d/VisChart2D.h"
+#include "charts/legend/VisLegend.h"
+#include "services/logging/DebugLogger.h"
+
+#include <QString>
+
+// The one place below the hosts that knows the concrete nodes.
+
+namespace {
+
+constexpr char const* failureText = "Failed to create visualization object %0 of type %1";
+
+/// How to make the nodes of one type.
+struct Row {
+    QString type;
+    FenVisualization* (*make)(FenModifiedGroup& group);
+};
+
+template <class Node>
+Row row()
+{
+    return Row{Node::typeString,
+               [](FenModifiedGroup& group) -> FenVisualization* { return new Node(group); }};
+}
+
+std::vector<Row> const& rows()
+{
+    static std::vector<Row> const table = {
+        row<FenVisLegend>(),
+        row<FenVisChart2D>(),
+    };
+    return table;
+}
+
+} // namespace
+
+FenProperties* FenVisList::makeChild(QString const& name, QString const& type)
+{
+    for (Row const& entry : rows()) {
+        if (entry.type != type) continue;
+        FenVisualization* const node = entry.make(group());
+        node->rename(name);
+        return node;
+    }
+    QString const text = QString::fromLatin1(failureText).arg(name, type);
+    fen::debug_logger::debuglogger().derr << text.toStdString() << std::endl;
+    return nullptr;
+}
+
+QStringList FenVisList::creatableTypes()
+{
+    QStringList types;
+    for (Row const& entry : rows()) types.append(entry.type);
+    return types;
+}

@@ -1,0 +1,179 @@
+#include "framework/VisList.h"
+
+#include "framework/UpdateContext.h"
+#include "services/logging/Checks.h"
+#include "services/math/BoundingBox.h"
+#include "services/opengl/GlScopes.h"
+#include "services/opengl/GlWrappers.h"
+#include "services/opengl/VertexArrays.h"
+
+#include "services/opengl/Gl.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr char const* updateMark = " @line 200";
+constexpr char const* nestedPickText = "renderMode == GL_RENDER && \"a pick inside a pick finds nothing\"";
+
+typedef FenVisualization::DrawContext DrawContext;
+typedef FenVisualization::SelectContext SelectContext;
+
+/// The context that a child with its own viewport gets, per kind of pass.
+template <class Context>
+struct Derived;
+template <>
+struct Derived<DrawContext> {
+    typedef FenVisualization::UpdateDrawContext Type;
+};
+template <>
+struct Derived<SelectContext> {
+    typedef FenVisualization::UpdateSelectContext Type;
+};
+
+bool takesPart(FenVisualization const& child, DrawContext const& context)
+{
+    if ((context.flags & FenVisualization::ThumbnailFlag) && !child.thumbnail.get()) return false;
+    return child.enabled.get();
+}
+
+bool takesPart(FenVisualization const& child, SelectContext const& context)
+{
+    return takesPart(child, static_cast<DrawContext const&>(context)) && child.selectable.get();
+}
+
+/// Whether a pass has anything to do in a context's viewport.
+bool reaches(DrawContext const&) { return true; }
+
+bool reaches(SelectContext const& context) { return context.pointInside(); }
+
+/// The outermost pixels of a rectangle at the origin, each drawn once: lines would miss a corner.
+void drawRim(float width, float height)
+{
+    fen::drawRectangle(0.0f, 0.0f, width, 1.0f);
+    if (height > 1.0f) fen::drawRectangle(0.0f, height - 1.0f, width, height);
+    if (height <= 2.0f) return;
+    fen::drawRectangle(0.0f, 1.0f, 1.0f, height - 1.0f);
+    if (width > 1.0f) fen::drawRectangle(width - 1.0f, 1.0f, width, height - 1.0f);
+}
+
+/// Veil and frame of a child's own viewport, in its pixels. The veil comes after
+/// the child's own drawing on purpose: it dims the child, it is no background.
+void decorate(FenVisualization const& child, FenOglViewport const& own)
+{
+    QColor const fill = child.fillColor.get();
+    QColor const line = child.lineColor.get();
+    fen::AttribScope const attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT);
+    for (GLenum const off : {GL_LIGHTING, GL_TEXTURE_2D, GL_DEPTH_TEST, GL_POLYGON_STIPPLE, GL_CULL_FACE})
+        glDisable(off);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    if (fill.alpha() != 0) {
+        glColor(fill);
+        fen::drawRectangle(0.0f, 0.0f, float(own.width()), float(own.height()));
+    }
+    if (line.alpha() != 0) {
+        glColor(line);
+        drawRim(float(own.width()), float(own.height()));
+    }
+}
+
+/// False, and logged, while a pick is going on: OpenGL can do only one.
+bool mayPick()
+{
+    GLint renderMode = GL_RENDER; // stays so without a context
+    glGetIntegerv(GL_RENDER_MODE, &renderMode);
+    return FENVIS_ENSURE(renderMode == GL_RENDER, nestedPickText);
+}
+
+} // namespace
+
+/// Calls visit(child, context) for the children that take part in a pass, in
+/// visiting order, each in the parent's context or in one of its own.
+template <class Context, class Visit>
+void FenVisList::forEachVisited(Context const& context, Space space, Visit const& visit) const
+{
+    typedef typename Derived<Context>::Type Own;
+    auto const visitOwn = [&](FenVisualization& child, Own const& own) {
+        if (own.viewport.valid() && reaches(own)) visit(child, static_cast<Context const&>(own));
+    };
+    for (std::size_t i = 0; i < _order.size(); ++i) {
+        FenVisualization* const child = _order[i].get();
+        if (!child || !takesPart(*child, context)) continue;
+        FenOglViewport own;
+        if (!child->getViewport(context.viewport, own)) {
+            if (reaches(context)) visit(*child, context);
+        } else if (space == Solid) {
+            visitOwn(*child, Own(context, own, child->boundingBox()));
+        } else {
+            visitOwn(*child, Own(context, own));
+        }
+    }
+}
+
+bool FenVisList::getViewport(FenOglViewport const&, FenOglViewport&) const { return false; }
+
+void FenVisList::update(DrawContext const& context)
+{
+    FENVIS_TRACE(updateMark);
+    typedef std::pair<int, fen::view_ptr<FenVisualization>> Visit;
+    _order.clear();
+    std::vector<Visit> work;
+    for (unsigned int i = 0; i < size(); ++i) {
+        FenVisualization* const child = at(i);
+        if (child && child->enabled.get()) work.emplace_back(child->layer.get(), child);
+    }
+    std::stable_sort(work.begin(), work.end(),
+                     [](Visit const& a, Visit const& b) { return a.first < b.first; });
+    std::vector<fen::view_ptr<FenVisualization>> order;
+    order.reserve(work.size());
+    for (Visit const& visit : work) {
+        fen::view_ptr<FenVisualization> const& child = visit.second;
+        if (child && child->watcher().modified()) {
+            child->update(context);
+            if (child) child->watcher().reset();
+        }
+        order.push_back(child);
+    }
+    _order = std::move(order);
+}
+
+void FenVisList::resize(DrawContext const& context)
+{
+    forEachVisited(context, Flat, [](FenVisualization& child, DrawContext const& own) { child.resize(own); });
+}
+
+void FenVisList::draw3d(DrawContext const& context) const
+{
+    forEachVisited(context, Solid,
+                   [](FenVisualization const& child, DrawContext const& own) { child.draw3d(own); });
+}
+
+void FenVisList::draw2d(DrawContext const& context) const
+{
+    forEachVisited(context, Flat, [&](FenVisualization const& child, DrawContext const& own) {
+        child.draw2d(own);
+        if (own.viewport != context.viewport) decorate(child, own.viewport);
+    });
+}
+
+FenVisHitRecordList FenVisList::select3d(SelectContext const& context) const
+{
+    FenVisHitRecordList hits;
+    if (!mayPick()) return hits;
+    forEachVisited(context, Solid, [&](FenVisualization const& child, SelectContext const& own) {
+        hits.insert(child.select3d(own));
+    });
+    return hits;
+}
+
+FenVisHitRecordList FenVisList::select2d(SelectContext const& context) const
+{
+    FenVisHitRecordList hits;
+    if (!mayPick()) return hits;
+    forEachVisited(context, Flat, [&](FenVisualization const& child, SelectContext const& own) {
+        hits.insert(child.select2d(own));
+    });
+    return hits;
+}

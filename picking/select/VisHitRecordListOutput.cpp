@@ -1,0 +1,26 @@
+#include "framework/Visualization.h"
+#include "picking/hits/IVisEventHandler.h"
+#include "picking/hits/VisHitRecordList.h"
+
+#include <QString>
+
+#include <boost/shared_ptr.hpp>
+
+#include <ostream>
+
+// Stands here and not beside the list, because it asks the source nodes for their names.
+
+std::ostream& operator<<(std::ostream& stream, FenVisHitRecordList const& list)
+{
+    stream << "hits(" << list.size() << ")\n";
+    for (unsigned int i = 0; i < list.size(); ++i) {
+        FenVisualization const* const source = list.source(i);
+        void const* const handler = list.handler(i).lock().get();
+        stream << "\tlayer(" << list.layer(i) << ") handler(" << handler << ") source("
+               << (source ? source->name().toStdString() : "<anon>") << ")\n";
+        for (FenVisHitRecord const& record : list.records(i)) {
+            stream << "\t\tcontext(" << record.context() << ") depth(" << record.depth() << ")\n";
+        }
+    }
+    return stream << std::endl;
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "framework/VisList.h"
+#include "services/math/BoundingBox.h"
+#include "services/math/NumberFormat.h"
+#include "services/opengl/OglCache.h"
+#include "services/opengl/OglGeometry.h"
+#include "services/opengl/OglText.h"
+#include "services/opengl/Resource.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <functional>
+#include <optional>
+
+/// Node that writes down which of its passes ran, and draws or hits what a test tells it to.
+class RecordingNode : public FenVisualization {
+public:
+    explicit RecordingNode(FenModifiedGroup& group, QString const& name = {}, QStringList* passes = nullptr)
+        : FenVisualization(group)
+        , _passes(passes)
+    {
+        rename(name);
+        enabled.set(true);
+        selectable.set(true);
+    }
+
+    bool getViewport(FenOglViewport const&, FenOglViewport& result) const override
+    {
+        if (own) result = *own;
+        return own.has_value();
+    }
+    void update(DrawContext const& context) override { record("update", context); }
+    void resize(DrawContext const& context) override { record("resize", context); }
+    void draw3d(DrawContext const& context) const override { record("draw3d", context); }
+    void draw2d(DrawContext const& context) const override { record("draw2d", context); }
+    FenVisHitRecordList select3d(SelectContext const& context) const override
+    {
+        return pick("select3d", context);
+    }
+    FenVisHitRecordList select2d(SelectContext const& context) const override
+    {
+        return pick("select2d", context);
+    }
+    Kes::Math::BoundingBox boundingBox() const override { return box; }
+
+    std::optional<FenOglViewport> own; ///< its own viewport
+    Kes::Math::BoundingBox box;
+    std::function<void(DrawContext const&)> inside; ///< called by every pass
+    mutable QPoint picked; ///< pick point of the last select pass
+
+private:
+    void record(char const* pass, DrawContext const& context) const
+    {
+        if (_passes) _passes->append(name() + '.' + pass);
+        if (inside) inside(context);
+    }
+    FenVisHitRecordList pick(char const* pass, SelectContext const& context) const
+    {
+        picked = context.point;
+        record(pass, context);
+        return FenVisHitRecordList({FenVisHitRecord::catchall()}, {}, this, layer.get());
+    }
+
+    QStringList* _passes;
+};
+
+/// What contexts refer to, and contexts of a size.
+struct Passes {
+    FenVisualization::DrawContext draw(boost::shared_ptr<IFenVisPropertyEdit> edit = {})
+    {
+        return FenVisualization::DrawContext(geometry, cache, resource, viewport, text, edit,
+                                             Kes::Math::NumberFormat());
+    }
+    FenVisualization::SelectContext select(QPoint const& point, QSize const& size = QSize(3, 3))
+    {
+        FenVisualization::SelectContext context(geometry, cache, resource, viewport, text,
+                                                Kes::Math::NumberFormat());
+        context.point = point;
+        context.size = size;
+        return context;
+    }
+
+    FenOglViewport viewport = FenOglViewport(0, 0, 400, 300);
+    FenResource resource;
+    FenOglCache cache{resource};
+    FenOglText text{cache};
+    FenOglGeometry geometry;
+};

@@ -1,0 +1,146 @@
+#include "framework/UpdateContext.h"
+#include "services/opengl/GlWrappers.h"
+#include "services/opengl/PixelRatio.h"
+#include "services/opengl/VertexArrays.h"
+#include "tests/framework/RecordingNode.h"
+#include "tests/support/OffscreenGlTest.h"
+
+#include <algorithm>
+
+namespace {
+
+class VisListGl : public OffscreenGlTest {
+protected:
+    RecordingNode& add(FenOglViewport const& own)
+    {
+        auto* const node = new RecordingNode(group);
+        node->own = own;
+        list.insert(node, false);
+        list.update(passes.draw());
+        return *node;
+    }
+    void draw()
+    {
+        clear();
+        pixelMode();
+        expectPassKeepsState([&] { list.draw2d(passes.draw()); });
+    }
+    /// All passes, with picks inside and outside.
+    void everyPass()
+    {
+        list.update(passes.draw());
+        list.resize(passes.draw());
+        list.draw3d(passes.draw());
+        list.draw2d(passes.draw());
+        for (QPoint const& point : {QPoint(0, 0), QPoint(200, 150), QPoint(-5, 9999)}) {
+            for (QSize const& size : {QSize(3, 3), QSize(0, 0), QSize(-1, -1), QSize(9999, 9999)}) {
+                list.select2d(passes.select(point, size));
+                list.select3d(passes.select(point, size));
+            }
+        }
+    }
+
+    Passes passes;
+    FenModifiedGroup group;
+    FenVisList list{group, "node"};
+};
+
+} // namespace
+
+TEST_F(VisListGl, FramesAChildAndLaysTheVeilOverItAfterItHasDrawn)
+{
+    FenOglViewport const own(100, 50, 40, 30);
+    RecordingNode& node = add(own);
+    draw();
+    EXPECT_EQ(QRect(100, 300 - 80, 40, 30), picture().boundingBox());
+    EXPECT_EQ(2 * 40 + 2 * 28, picture().count(QColor(Qt::lightGray))); // nothing but the outermost pixels
+    node.lineColor.set(Qt::transparent);
+    node.fillColor.set(QColor(0, 0, 255, 128));
+    node.inside = [](FenVisualization::DrawContext const&) {
+        glColor(Qt::black);
+        fen::drawRectangle(0.0f, 0.0f, 20.0f, 30.0f); // the left half, in the child's own pixels
+    };
+    draw();
+    EXPECT_TRUE(picture().is(110, 300 - 60, QColor(0, 0, 128)));
+    EXPECT_TRUE(picture().is(130, 300 - 60, QColor(127, 127, 255)));
+    EXPECT_EQ(QRect(100, 300 - 80, 40, 30), picture().boundingBox());
+    node.inside = {};
+    for (FenOglViewport const& bare : {viewport(), FenOglViewport(10, 10, 0, 30)}) {
+        node.own = bare;
+        draw();
+        EXPECT_TRUE(picture().boundingBox().isNull());
+    }
+}
+
+TEST_F(VisListGl, GivesAChildItsOwnPixelsAndTakesThemBack)
+{
+    FenOglViewport const own(100, 50, 40, 30);
+    RecordingNode& node = add(own);
+    int asked = 0;
+    node.inside = [&](FenVisualization::DrawContext const& context) {
+        ++asked;
+        EXPECT_EQ(own, context.viewport);
+        EXPECT_EQ(own, glGetViewport());
+        EXPECT_EQ(own, node.getDataViewport());
+        EXPECT_EQ(Kes::Math::Matrix(), context.projection);
+        EXPECT_EQ(glGetModelViewMatrix(), context.modelView);
+        Kes::Math::Vector3 const corner = context.modelView * Kes::Math::Vector3(40.0f, 0.0f, 0.0f);
+        EXPECT_NEAR(1.0, corner.x(), 1e-6);
+        EXPECT_NEAR(-1.0, corner.y(), 1e-6);
+    };
+    expectPassKeepsState([&] {
+        list.resize(passes.draw());
+        list.draw2d(passes.draw());
+        list.select2d(passes.select(QPoint(100, 79)));
+    });
+    EXPECT_EQ(3, asked);
+    EXPECT_EQ(QPoint(0, 29), node.picked);
+    for (QPoint const& outside : {QPoint(99, 60), QPoint(140, 60), QPoint(110, 80), QPoint(110, 49)})
+        EXPECT_EQ(0u, list.select2d(passes.select(outside)).size());
+}
+
+TEST_F(VisListGl, FitsTheBoxOfAChildIntoItsOwnViewport)
+{
+    FenOglViewport const own(0, 0, 100, 50);
+    RecordingNode& node = add(own);
+    node.box = Kes::Math::BoundingBox(Kes::Math::Vector3(-10, -10, -10), Kes::Math::Vector3(10, 10, 10));
+    int asked = 0;
+    node.inside = [&](FenVisualization::DrawContext const& context) {
+        ++asked;
+        EXPECT_EQ(glGetProjectionMatrix(), context.projection);
+        EXPECT_EQ(Kes::Math::Matrix(), context.modelView);
+        Kes::Math::Vector3 const top = context.projection * Kes::Math::Vector3(0.0f, 10.0f, 10.0f);
+        EXPECT_NEAR(1.0, top.y(), 1e-5);
+        EXPECT_LT(-1.0f, top.z());
+    };
+    expectPassKeepsState([&] {
+        list.draw3d(passes.draw());
+        list.select3d(passes.select(QPoint(50, 25)));
+    });
+    EXPECT_EQ(2, asked);
+}
+
+TEST_F(VisListGl, APickInsideAPickFindsNothingAndLogsOneCheck)
+{
+    RecordingNode& node = add(viewport());
+    node.inside = [&](FenVisualization::DrawContext const&) { ADD_FAILURE() << "must not be asked"; };
+    pick(10, 10, 3, [&] { EXPECT_EQ(0u, list.select2d(passes.select(QPoint(10, 10))).size()); });
+    EXPECT_EQ(1, log.take().filter("renderMode == GL_RENDER").size());
+}
+
+TEST_F(VisListGl, EveryTypeSurvivesEveryPassWithoutRoomAndLeavesNoTrace)
+{
+    for (QString const& type : FenVisList::creatableTypes()) {
+        SCOPED_TRACE(type.toStdString());
+        FenVisualization& node = list.child("node", type);
+        node.enabled.set(true);
+        node.selectable.set(true);
+        for (QSize const& size : {QSize(400, 300), QSize(1, 1)}) {
+            resizePicture(size.width(), size.height());
+            expectPassKeepsState([&] { everyPass(); });
+            expectPassKeepsState([&] { everyPass(); });
+            EXPECT_FALSE(node.watcher().modified()) << "a pass of an unchanged node changes nothing";
+        }
+        EXPECT_TRUE(list.erase(&node));
+    }
+}

@@ -1,0 +1,200 @@
+#include "picking/hits/VisHitQualifiers.h"
+#include "picking/select/VisOglSelect.h"
+#include "picking/select/VisOglSelectBuffer.h"
+#include "picking/select/VisPickScope.h"
+#include "services/opengl/GlWrappers.h"
+#include "services/opengl/VertexArrays.h"
+#include "tests/framework/RecordingNode.h"
+#include "tests/support/OffscreenGlTest.h"
+
+#include <boost/make_shared.hpp>
+
+#include <climits>
+
+namespace {
+
+class VisOglSelectGl : public OffscreenGlTest {
+protected:
+    /// With the matrices of `pixelMode`: one unit per pixel, held by the projection.
+    FenVisualization::SelectContext picking(QPoint const& point, QSize const& size = QSize(3, 3))
+    {
+        auto context = passes.select(point, size);
+        context.projection = glGetProjectionMatrix();
+        return context;
+    }
+    /// Draws a square of 20 pixels under a name, or without one.
+    void square(FenVisOglSelectWeakPtr select, int x, int y, QString const& label)
+    {
+        FenVisPickScope const name(select, table, [&] {
+            return FenVisHitProperty(&owner, boost::make_shared<FenVisHitLabelQualifier>(label));
+        });
+        fen::drawRectangle(float(x), float(y), float(x + 20), float(y + 20));
+    }
+    /// Labels of what a pick finds among three squares, of which b and c overlap.
+    QStringList found(FenVisualization::SelectContext const& context)
+    {
+        table.clear();
+        FenVisOglSelectBuffer buffer(10);
+        {
+            FenVisOglSelect select(context, buffer);
+            square(select, 0, 0, "a");
+            square(select, 100, 100, "b");
+            square(select, 110, 100, "c");
+        }
+        QStringList labels;
+        for (FenVisHitRecord const& record : buffer.records()) {
+            EXPECT_NEAR(0.5, record.depth(), 1e-6);
+            labels.append(table.value(record.context()).qualifier->toString());
+        }
+        return labels;
+    }
+
+    Passes passes;
+    FenModifiedGroup group;
+    FenProperties owner{group};
+    FenVisHitTable table;
+};
+
+} // namespace
+
+TEST_F(VisOglSelectGl, FindsWhatLiesUnderThePickRegion)
+{
+    struct Row {
+        QPoint point;
+        QSize size;
+        QStringList labels;
+    } const rows[] = {
+        {{5, 5}, {3, 3}, {"label(a)"}},
+        {{0, 0}, {1, 1}, {"label(a)"}},
+        {{115, 110}, {3, 3}, {"label(b)", "label(c)"}},
+        {{95, 110}, {3, 3}, {}},
+        {{95, 110}, {11, 3}, {"label(b)"}},
+        {{105, 110}, {0, 0}, {"label(b)"}},
+        {{105, 110}, {-1, -1}, {"label(b)"}},
+        {{200, 150}, {9999, 9999}, {"label(a)", "label(b)", "label(c)"}},
+        {{-500, 5}, {3, 3}, {}},
+        {{INT_MAX, INT_MIN}, {INT_MAX, INT_MAX}, {}},
+    };
+    for (Row const& row : rows) {
+        expectPassKeepsState([&] { EXPECT_EQ(row.labels, found(picking(row.point, row.size))); });
+    }
+}
+
+TEST_F(VisOglSelectGl, NamesStartAtOneInEveryPassAndAreWithdrawn)
+{
+    for (int pass = 0; pass < 2; ++pass) {
+        FenVisOglSelectBuffer buffer(10);
+        {
+            FenVisOglSelect select(picking(QPoint(5, 5)), buffer);
+            FenVisOglSelectWeakPtr handle(select);
+            EXPECT_TRUE(handle);
+            EXPECT_EQ(1u, handle.next());
+            handle.reset();
+            square(FenVisOglSelectWeakPtr(), 0, 0, ""); // without a name
+            EXPECT_EQ(2u, handle.next());
+            FenVisOglSelect copy(select);
+            EXPECT_EQ(3u, copy.next()); // and closes nothing
+            fen::drawRectangle(0.0f, 0.0f, 9.0f, 9.0f);
+        }
+        auto const records = buffer.records();
+        ASSERT_EQ(1u, records.size());
+        EXPECT_EQ(3u, records[0].context());
+        QStringList const lines = log.take();
+        ASSERT_EQ(1, lines.size());
+        EXPECT_TRUE(lines[0].startsWith("WARNING: !hasInvalids && "));
+    }
+}
+
+TEST_F(VisOglSelectGl, OverflowKeepsTheCompleteRecordsAndWarnsOnce)
+{
+    FenVisOglSelectBuffer buffer(2);
+    {
+        FenVisOglSelect select(picking(QPoint(200, 150), QSize(400, 300)), buffer);
+        for (int i = 0; i < 5; ++i) square(select, 30 * i, 0, QString::number(i));
+    }
+    auto const records = buffer.records();
+    ASSERT_EQ(2u, records.size());
+    EXPECT_EQ(2u, records[1].context());
+    QStringList const lines = log.take();
+    ASSERT_EQ(1, lines.size());
+    EXPECT_TRUE(lines[0].startsWith("WARNING: _buffer._hitCount >= 0 && \"An overflow occured determining "
+                                    "the current hits!\" - "));
+    EXPECT_TRUE(lines[0].endsWith("~FenVisOglSelect() @line112"));
+}
+
+TEST_F(VisOglSelectGl, WithoutMemoryItLogsACheckAndDrawsAndFindsNothing)
+{
+    FenVisOglSelectBuffer buffer(0);
+    glColor(Qt::red);
+    {
+        FenVisOglSelect select(picking(QPoint(5, 5)), buffer);
+        square(select, 0, 0, "a");
+    }
+    EXPECT_TRUE(buffer.records().empty());
+    EXPECT_EQ(0, picture().count(Qt::red));
+    QStringList const lines = log.take();
+    ASSERT_EQ(1, lines.size());
+    EXPECT_TRUE(lines[0].startsWith("\"_buffer._buffer.size()>0\" - FenVisOglSelect::FenVisOglSelect("));
+}
+
+TEST_F(VisOglSelectGl, APassInsideAPassFindsNothingAndLeavesTheOuterOneWhole)
+{
+    FenVisOglSelectBuffer outerBuffer(10), innerBuffer(10);
+    {
+        FenVisOglSelect outer(picking(QPoint(5, 5)), outerBuffer);
+        EXPECT_EQ(1u, outer.next());
+        {
+            FenVisOglSelect inner(picking(QPoint(5, 5)), innerBuffer);
+            square(inner, 0, 0, "inner");
+            EXPECT_EQ(0xFFFFFFFFu, inner.next());
+        }
+        EXPECT_TRUE(table.isEmpty());
+        EXPECT_EQ(1, log.take().filter("renderMode == GL_RENDER").size());
+        fen::drawRectangle(0.0f, 0.0f, 9.0f, 9.0f);
+        EXPECT_EQ(2u, outer.next());
+        fen::drawRectangle(0.0f, 0.0f, 9.0f, 9.0f);
+    }
+    EXPECT_TRUE(innerBuffer.records().empty());
+    auto const records = outerBuffer.records();
+    ASSERT_EQ(2u, records.size());
+    EXPECT_EQ(1u, records[0].context());
+    EXPECT_EQ(2u, records[1].context());
+    EXPECT_EQ(1, log.take().filter("!hasInvalids").size()); // what the inner pass drew
+}
+
+TEST_F(VisOglSelectGl, HandsOutTheHitsOfAWholeSceneByLayer)
+{
+    struct Squares : RecordingNode {
+        using RecordingNode::RecordingNode;
+        FenVisHitRecordList select2d(SelectContext const& context) const override
+        {
+            FenVisOglSelectBuffer buffer(10);
+            {
+                FenVisOglSelect select(context, buffer);
+                FenVisPickScope const name(select, hitProperties(), [&] { return FenVisHitProperty(this); });
+                fen::drawRectangle(0.0f, 0.0f, 20.0f, 20.0f);
+            }
+            return FenVisHitRecordList(buffer.records(), {}, this, layer.get());
+        }
+    };
+    FenVisList list(group, "node");
+    auto* const below = new Squares(group, "below");
+    auto* const above = new Squares(group, "above");
+    below->own = FenOglViewport(50, 50, 100, 100);
+    above->own = FenOglViewport(60, 60, 100, 100);
+    above->layer.set(1);
+    list.insert(below, false);
+    list.insert(above, false);
+    FenVisualization::DrawContext const update(picking(QPoint()));
+    list.update(update);
+    auto const sources = [&](QPoint const& point) {
+        QStringList names;
+        FenVisHitRecordList const hits = list.select2d(picking(point));
+        for (unsigned i = 0; i < hits.size(); ++i) names.append(hits.source(i)->name());
+        return names;
+    };
+    EXPECT_EQ(QStringList("below"), sources(QPoint(52, 52)));
+    EXPECT_EQ(QStringList({"below", "above"}), sources(QPoint(65, 65)));
+    EXPECT_EQ(QStringList("above"), sources(QPoint(78, 78)));
+    EXPECT_TRUE(sources(QPoint(90, 90)).isEmpty());
+}
