@@ -114,12 +114,15 @@ FenChartColumn::FenChartColumn(std::vector<double> values)
 
 FenChartColumn::FenChartColumn(std::shared_ptr<std::vector<double> const> values)
     : _values(values ? std::move(values) : noValues())
+    , _size(_values->size())
 {
     build(0);
 }
 
-FenChartColumn::FenChartColumn(std::shared_ptr<std::vector<double> const> values, FenChartColumn const& head)
-    : _values(std::move(values))
+FenChartColumn::FenChartColumn(std::shared_ptr<std::vector<double>> values, FenChartColumn const& head)
+    : _values(values)
+    , _size(values->size())
+    , _growing(std::move(values))
     , _ascending(head._ascending)
 {
     std::size_t const known = head.size() / blockSize;
@@ -145,11 +148,26 @@ FenChartColumn::Ptr FenChartColumn::appended(Ptr const& column, std::vector<doub
 {
     if (!column || column->empty()) return make(more);
     if (more.empty()) return column;
-    std::vector<double> all;
-    all.reserve(column->size() + more.size());
-    all.insert(all.end(), column->values().begin(), column->values().end());
-    all.insert(all.end(), more.begin(), more.end());
-    return Ptr(new FenChartColumn(std::make_shared<std::vector<double> const>(std::move(all)), *column));
+    auto all = column->_growing;
+    std::size_t const needed = column->size() + more.size();
+    if (!all || all->size() != column->size()) { // not ours to grow, or grown by somebody else
+        double const* const old = column->_values->data();
+        all = std::make_shared<std::vector<double>>();
+        all->reserve(needed + needed / 4);
+        all->assign(old, old + column->size());
+    }
+    if (needed > all->capacity()) all->reserve(needed + needed / 4);
+    all->insert(all->end(), more.begin(), more.end());
+    return Ptr(new FenChartColumn(std::move(all), *column));
+}
+
+std::vector<double> const& FenChartColumn::values() const
+{
+    if (_values->size() != _size) {
+        double const* const own = _values->data();
+        _values = std::make_shared<std::vector<double> const>(own, own + _size);
+    }
+    return *_values;
 }
 
 FenChartColumn::Ptr FenChartColumn::scaled(FenChartColumn const& column, double factor)
@@ -190,7 +208,7 @@ void FenChartColumn::summarise()
 {
     if (empty()) return;
     if (_ascending) {
-        _all = {_values->front(), _values->back(), false, true};
+        _all = {value(0), value(_size - 1), false, true};
         return;
     }
     Summary s;
@@ -230,12 +248,12 @@ FenChartColumn::Range FenChartColumn::range(std::size_t first, std::size_t last)
 
 std::size_t FenChartColumn::lowerBound(double value) const
 {
-    return std::size_t(std::lower_bound(_values->begin(), _values->end(), value) - _values->begin());
+    return std::size_t(std::lower_bound(_values->data(), _values->data() + _size, value) - _values->data());
 }
 
 std::size_t FenChartColumn::upperBound(double value) const
 {
-    return std::size_t(std::upper_bound(_values->begin(), _values->end(), value) - _values->begin());
+    return std::size_t(std::upper_bound(_values->data(), _values->data() + _size, value) - _values->data());
 }
 
 double FenChartColumn::minDelta() const
@@ -244,11 +262,11 @@ double FenChartColumn::minDelta() const
     std::vector<double> sorted;
     if (!_ascending) {
         sorted.reserve(size());
-        std::copy_if(_values->begin(), _values->end(), std::back_inserter(sorted),
+        std::copy_if(_values->data(), _values->data() + _size, std::back_inserter(sorted),
                      [](double value) { return std::isfinite(value); });
         std::sort(sorted.begin(), sorted.end());
     }
-    std::vector<double> const& v = _ascending ? *_values : sorted;
+    std::vector<double> const& v = _ascending ? values() : sorted;
     double smallest = infinity;
     for (std::size_t i = 1; i < v.size(); ++i) {
         double const delta = v[i] - v[i - 1];
@@ -284,6 +302,6 @@ std::size_t FenChartColumn::nonPositive() const
 {
     if (!_all.any || _all.min > 0.0) return 0;
     if (_ascending) return upperBound(0.0);
-    return std::size_t(std::count_if(_values->begin(), _values->end(),
+    return std::size_t(std::count_if(_values->data(), _values->data() + _size,
                                      [](double value) { return value <= 0.0 && std::isfinite(value); }));
 }

@@ -36,18 +36,21 @@ public:
 
     static Ptr make(std::vector<double> values);
     static Ptr share(std::shared_ptr<std::vector<double> const> values);
-    /// A column of the values of `column` (null: none) and then `more`. The values are
-    /// copied; what is known about the old ones is taken over.
+    /// A column of the values of `column` (null: none) and then `more`. What is known about
+    /// the old values is taken over. The first time they are copied, with room to grow; a
+    /// column that was made so shares its memory with the longer one, and only its first
+    /// `size()` values are its own.
     static Ptr appended(Ptr const& column, std::vector<double> const& more);
     /// A column of all values multiplied by a factor.
     static Ptr scaled(FenChartColumn const& column, double factor);
 
-    std::size_t size() const { return _values->size(); }
-    bool empty() const { return _values->empty(); }
+    std::size_t size() const { return _size; }
+    bool empty() const { return _size == 0; }
     /// i < size().
     double value(std::size_t i) const { return (*_values)[i]; }
     double operator[](std::size_t i) const { return (*_values)[i]; }
-    std::vector<double> const& values() const { return *_values; }
+    /// All values. Makes a copy when the column has been appended to since.
+    std::vector<double> const& values() const;
 
     /// True when no value is smaller than the one before it and none is a gap.
     bool ascending() const { return _ascending; }
@@ -97,11 +100,13 @@ private:
         std::size_t const beyond = (block + 1) * blockSize;
         return beyond < size() ? beyond : size();
     }
-    FenChartColumn(std::shared_ptr<std::vector<double> const> values, FenChartColumn const& head);
+    FenChartColumn(std::shared_ptr<std::vector<double>> values, FenChartColumn const& head);
     void build(std::size_t firstBlock);
     void summarise();
 
-    std::shared_ptr<std::vector<double> const> _values; ///< never null
+    mutable std::shared_ptr<std::vector<double> const> _values; ///< never null; its first `_size` are ours
+    std::size_t _size = 0;
+    std::shared_ptr<std::vector<double>> _growing; ///< the same values, when more may be appended to them
     std::vector<Extremes> _extremes; ///< one per block; empty for an ascending column
     std::vector<std::uint8_t> _gaps; ///< one per block; empty for a column without gaps
     Range _all;

@@ -114,6 +114,26 @@ TEST(ChartColumn, AppendedColumnsAreAsThoseMadeAtOnce)
     }
 }
 
+TEST(ChartColumn, StaysAsItWasWhenOthersAppendToIt)
+{
+    FenChartColumn::Ptr const first = FenChartColumn::make({1, 2, 3});
+    FenChartColumn::Ptr const second = FenChartColumn::appended(first, {4, 5});
+    FenChartColumn::Ptr const third = FenChartColumn::appended(second, {-1});
+    FenChartColumn::Ptr const branch = FenChartColumn::appended(second, {6, 7}); // third grew in place before
+    struct Row {
+        FenChartColumn::Ptr column;
+        std::vector<double> values;
+    };
+    Row const rows[] = {{first, {1, 2, 3}}, {second, {1, 2, 3, 4, 5}}, {third, {1, 2, 3, 4, 5, -1}},
+                        {branch, {1, 2, 3, 4, 5, 6, 7}}};
+    for (Row const& row : rows) {
+        EXPECT_EQ(row.column->size(), row.values.size());
+        EXPECT_EQ(row.column->max(), *std::max_element(row.values.begin(), row.values.end()));
+        EXPECT_EQ(row.column->values(), row.values);
+    }
+    EXPECT_EQ(second->upperBound(9), 5u);
+}
+
 TEST(ChartColumn, SharesValuesWithoutCopying)
 {
     auto const values = std::make_shared<std::vector<double> const>(std::vector<double>{3, 1, 2});

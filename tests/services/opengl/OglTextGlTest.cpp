@@ -236,6 +236,7 @@ TEST_F(OglText, ComesInBoxesOfTheirOwnColours)
     box.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     box.draw(QPoint(200, 150), QSize(100, 30), "boxed");
     Picture const shown = picture();
+    shown.save("boxed text");
     EXPECT_EQ(QRect(150, 135, 100, 30), shown.boundingBox());
     EXPECT_EQ(2 * 100 + 2 * 28, shown.count(Qt::blue)) << "a frame of one pixel";
     EXPECT_TRUE(shown.is(155, 140, Qt::yellow));
