@@ -58,6 +58,9 @@ void drawRim(float width, float height)
     if (width > 1.0f) fen::drawRectangle(width - 1.0f, 1.0f, width, height - 1.0f);
 }
 
+/// An invalid colour, as a text that is no colour gives, is not drawn.
+bool shows(QColor const& color) { return color.isValid() && color.alpha() != 0; }
+
 /// Veil and frame of a child's own viewport, in its pixels. The veil comes after
 /// the child's own drawing on purpose: it dims the child, it is no background.
 void decorate(FenVisualization const& child, FenOglViewport const& own)
@@ -69,11 +72,11 @@ void decorate(FenVisualization const& child, FenOglViewport const& own)
         glDisable(off);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    if (fill.alpha() != 0) {
+    if (shows(fill)) {
         glColor(fill);
         fen::drawRectangle(0.0f, 0.0f, float(own.width()), float(own.height()));
     }
-    if (line.alpha() != 0) {
+    if (shows(line)) {
         glColor(line);
         drawRim(float(own.width()), float(own.height()));
     }

@@ -8,6 +8,7 @@
 #include <EGL/eglext.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -21,6 +22,13 @@ EGLDisplay surfacelessDisplay()
         return found != EGL_NO_DISPLAY && eglInitialize(found, nullptr, nullptr) ? found : EGL_NO_DISPLAY;
     }();
     return display;
+}
+
+/// Whether rows can be read in the order in which pictures keep them; saves turning the picture over.
+bool readsTopRowFirst()
+{
+    auto const* const extensions = reinterpret_cast<char const*>(glGetString(GL_EXTENSIONS));
+    return extensions && std::strstr(extensions, "GL_MESA_pack_invert");
 }
 
 } // namespace
@@ -142,7 +150,9 @@ QImage FenOffscreenContext::grab()
     glPixelStorei(GL_PACK_SKIP_ROWS, 0);
     glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    bool const turned = readsTopRowFirst();
+    if (turned) glPixelStorei(GL_PACK_INVERT_MESA, GL_TRUE);
     glReadPixels(0, 0, picture.width(), picture.height(), GL_RGBA, GL_UNSIGNED_BYTE, picture.bits());
     glPopClientAttrib();
-    return picture.mirrored();
+    return turned ? picture : picture.mirrored();
 }

@@ -109,9 +109,13 @@ void glOrtho(FenOglViewport const& viewport, BoundingBox const& box, Matrix cons
     double const aspect = viewport.valid() ? double(viewport.width()) / viewport.height() : 1;
     double halfHeight = std::max(double(half.y()), half.x() / aspect);
     if (!(halfHeight > 0)) halfHeight = half.z() > 0 ? half.z() : 1;
+    // A box far away or tiny must not make planes that are one number.
+    double const distance = std::max({std::abs(center.x()), std::abs(center.y()), std::abs(center.z())});
+    double const least = std::max(1e-30, 1e-7 * distance);
+    halfHeight = std::max(halfHeight, least * std::max(1.0, 1 / aspect));
     double const halfWidth = halfHeight * aspect;
     constexpr double slack = 1.1; // beyond the box: the far plane wraps in selection mode
-    double const halfDepth = std::max(slack * half.z(), 0.01 * halfHeight);
+    double const halfDepth = std::max({slack * half.z(), 0.01 * halfHeight, least});
     glOrtho(center.x() - halfWidth, center.x() + halfWidth, center.y() - halfHeight, center.y() + halfHeight,
             -center.z() - halfDepth, -center.z() + halfDepth);
 }

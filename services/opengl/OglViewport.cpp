@@ -72,8 +72,8 @@ FenViewport FenOglViewport::fitToParent(FenModifiedGroup& group, FenOglViewport 
 {
     FenViewport viewport(group);
     viewport.placement.set("bottomLeft");
-    viewport.x.set(inner.x() - outer.x());
-    viewport.y.set(inner.y() - outer.y());
+    viewport.x.set(double(inner.x()) - outer.x());
+    viewport.y.set(double(inner.y()) - outer.y());
     viewport.width.set(extentValue(inner.width(), outer.width()));
     viewport.height.set(extentValue(inner.height(), outer.height()));
     return viewport;

@@ -65,6 +65,8 @@ TEST_F(VisListGl, FramesAChildAndLaysTheVeilOverItAfterItHasDrawn)
     EXPECT_TRUE(picture().is(130, 300 - 60, QColor(127, 127, 255)));
     EXPECT_EQ(QRect(100, 300 - 80, 40, 30), picture().boundingBox());
     node.inside = {};
+    log.expect("is no QColor");
+    node.setValue("fillColor", "no colour"); // is not drawn
     for (FenOglViewport const& bare : {viewport(), FenOglViewport(10, 10, 0, 30)}) {
         node.own = bare;
         draw();
@@ -72,52 +74,37 @@ TEST_F(VisListGl, FramesAChildAndLaysTheVeilOverItAfterItHasDrawn)
     }
 }
 
-TEST_F(VisListGl, GivesAChildItsOwnPixelsAndTakesThemBack)
+TEST_F(VisListGl, GivesAChildItsOwnPixelsFitsItsBoxAndTakesBothBack)
 {
     FenOglViewport const own(100, 50, 40, 30);
     RecordingNode& node = add(own);
+    node.box = Kes::Math::BoundingBox(Kes::Math::Vector3(-9, -9, -9), Kes::Math::Vector3(9, 9, 9));
     int asked = 0;
+    bool flat = true;
     node.inside = [&](FenVisualization::DrawContext const& context) {
         ++asked;
         EXPECT_EQ(own, context.viewport);
-        EXPECT_EQ(own, glGetViewport());
         EXPECT_EQ(own, node.getDataViewport());
-        EXPECT_EQ(Kes::Math::Matrix(), context.projection);
-        EXPECT_EQ(glGetModelViewMatrix(), context.modelView);
-        Kes::Math::Vector3 const corner = context.modelView * Kes::Math::Vector3(40.0f, 0.0f, 0.0f);
-        EXPECT_NEAR(1.0, corner.x(), 1e-6);
-        EXPECT_NEAR(-1.0, corner.y(), 1e-6);
+        EXPECT_EQ(flat ? Kes::Math::Matrix() : glGetProjectionMatrix(), context.projection);
+        EXPECT_EQ(flat ? glGetModelViewMatrix() : Kes::Math::Matrix(), context.modelView);
+        Kes::Math::Vector3 const corner = flat ? context.modelView * Kes::Math::Vector3(40, 30, 0)
+                                               : context.projection * Kes::Math::Vector3(12, 9, 9);
+        EXPECT_NEAR(1.0, corner.x(), 1e-5);
+        EXPECT_NEAR(1.0, corner.y(), 1e-5);
+        EXPECT_LT(-1.0f, corner.z());
     };
     expectPassKeepsState([&] {
         list.resize(passes.draw());
         list.draw2d(passes.draw());
         list.select2d(passes.select(QPoint(100, 79)));
+        flat = false;
+        list.draw3d(passes.draw());
+        list.select3d(passes.select(QPoint(100, 79)));
     });
-    EXPECT_EQ(3, asked);
+    EXPECT_EQ(5, asked);
     EXPECT_EQ(QPoint(0, 29), node.picked);
     for (QPoint const& outside : {QPoint(99, 60), QPoint(140, 60), QPoint(110, 80), QPoint(110, 49)})
         EXPECT_EQ(0u, list.select2d(passes.select(outside)).size());
-}
-
-TEST_F(VisListGl, FitsTheBoxOfAChildIntoItsOwnViewport)
-{
-    FenOglViewport const own(0, 0, 100, 50);
-    RecordingNode& node = add(own);
-    node.box = Kes::Math::BoundingBox(Kes::Math::Vector3(-10, -10, -10), Kes::Math::Vector3(10, 10, 10));
-    int asked = 0;
-    node.inside = [&](FenVisualization::DrawContext const& context) {
-        ++asked;
-        EXPECT_EQ(glGetProjectionMatrix(), context.projection);
-        EXPECT_EQ(Kes::Math::Matrix(), context.modelView);
-        Kes::Math::Vector3 const top = context.projection * Kes::Math::Vector3(0.0f, 10.0f, 10.0f);
-        EXPECT_NEAR(1.0, top.y(), 1e-5);
-        EXPECT_LT(-1.0f, top.z());
-    };
-    expectPassKeepsState([&] {
-        list.draw3d(passes.draw());
-        list.select3d(passes.select(QPoint(50, 25)));
-    });
-    EXPECT_EQ(2, asked);
 }
 
 TEST_F(VisListGl, APickInsideAPickFindsNothingAndLogsOneCheck)

@@ -8,7 +8,6 @@
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartAxisScale.h"
 #include "services/chartdata/ChartVariable.h"
-#include "services/opengl/GlWrappers.h"
 
 #include <boost/make_shared.hpp>
 
@@ -162,7 +161,6 @@ void ChartScene::layout()
 
 void ChartScene::draw()
 {
-    glViewport(FenOglViewport(0, 0, _size.width(), _size.height()));
     FenOglViewport own;
     FenVisualization::DrawContext const parent = context();
     if (!chart->getViewport(parent.viewport, own)) return;
@@ -174,7 +172,6 @@ void ChartScene::draw()
 
 FenVisHitRecordList ChartScene::select(QPoint const& point, int size)
 {
-    glViewport(FenOglViewport(0, 0, _size.width(), _size.height()));
     FenVisualization::SelectContext parent(geometry, cache, resource,
                                            FenOglViewport(0, 0, _size.width(), _size.height()), text,
                                            Kes::Math::NumberFormat());
@@ -215,12 +212,14 @@ bool ChartScene::click(QPoint const& point, int size)
 
 QPoint ChartScene::pixelOf(QString const& name, std::size_t point) const
 {
-    FenChartVariable const& variable = *dynamic_cast<FenChartVariable const*>(chart->chart.variables.at(name));
+    FenChartVariable const& variable =
+        *dynamic_cast<FenChartVariable const*>(chart->chart.variables.at(name));
     FenChartAxisPairScale const xScale(chart->chart.xAxes, FenChartVariableListCache(chart->chart.variables));
     FenChartAxisPairScale const yScale(chart->chart.yAxes, FenChartVariableListCache(chart->chart.variables));
     auto const pixel = [&](FenChartAxisPairScale const& scales, Vector3::Comp comp, int extent) {
         FenChartAxisScale const* const scale = scales.find(variable.axisName(comp).get());
-        return int(std::floor((scale->mapping().chart(variable.value(comp, point)) + 1) * 0.5 * extent));
+        return int(
+            std::floor((scale->mapping().chart(variable.value(comp, point)) + 1) * 0.5 * extent + 1e-7));
     };
     FenOglViewport const rectangle = data();
     return QPoint(rectangle.x() + pixel(xScale, Vector3::CompX, rectangle.width()),

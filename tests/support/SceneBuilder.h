@@ -22,9 +22,9 @@
 /// Text of what a hit stands for: "variable a, dataPointIdx(3)", "axis x", "chart", "nothing".
 QString describeHit(FenVisHitProperty const& hit);
 
-/// A 2D chart with axes "x" (bottom) and "y" (left) and all that its passes need, filling a picture of its
-/// own size. Needs a current OpenGL context for drawing and picking only. Points are [px] from the bottom
-/// left.
+/// A 2D chart with axes "x" (bottom) and "y" (left) and all that its passes need, filling a picture of
+/// `size`. Needs a current OpenGL context, with a viewport of that size, for drawing and picking only.
+/// Points are [px] from the bottom left.
 class ChartScene {
 public:
     typedef std::vector<std::pair<double, double>> Points;

@@ -124,7 +124,9 @@ TEST(ChartColumn, StaysAsItWasWhenOthersAppendToIt)
         FenChartColumn::Ptr column;
         std::vector<double> values;
     };
-    Row const rows[] = {{first, {1, 2, 3}}, {second, {1, 2, 3, 4, 5}}, {third, {1, 2, 3, 4, 5, -1}},
+    Row const rows[] = {{first, {1, 2, 3}},
+                        {second, {1, 2, 3, 4, 5}},
+                        {third, {1, 2, 3, 4, 5, -1}},
                         {branch, {1, 2, 3, 4, 5, 6, 7}}};
     for (Row const& row : rows) {
         EXPECT_EQ(row.column->size(), row.values.size());

@@ -86,6 +86,9 @@ TEST_F(GlWrappers, FitABoxIntoAViewportWithoutStretchingIt)
     glLoadIdentity();
     glOrtho(FenOglViewport(), BoundingBox(Vector3(-inf, 0, 0), Vector3(inf, 1, 1)), Matrix());
     glOrtho(FenOglViewport(), BoundingBox(), Matrix());
+    for (float const far : {1e-40f, 1e-3f, 1e10f, 1e29f}) // a point, which has no extent, near and far
+        glOrtho(FenOglViewport(), BoundingBox(Vector3(far, far, far), Vector3(far, far, far)), Matrix());
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
     EXPECT_TRUE(std::isfinite(glGetProjectionMatrix()(0, 0)));
 }
 

@@ -1,0 +1,96 @@
+#include "apps/fenvis/Command.h"
+
+#include "framework/VisList.h"
+#include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartVariable.h"
+#include "services/properties/ModifiedGroup.h"
+
+#include <QCommandLineParser>
+
+#include <memory>
+
+namespace {
+
+/// A setting as a table shows it.
+struct Row {
+    QString key, type, value, unit;
+};
+
+void collect(FenProperties const& item, QString const& path, std::vector<Row>& rows)
+{
+    FenPropertiesString const& store = item.string();
+    for (QString const& key : store.keys())
+        rows.push_back(
+            {path + key, store.typeName(key), item.getString(key, QString()), store.getUnit(key, QString())});
+    for (unsigned i = 0; i < item.size(); ++i)
+        collect(*item.at(i), path + item.at(i)->name() + QLatin1Char('.'), rows);
+}
+
+/// What the items of a chart are made of; a chart that is new has none of them.
+std::unique_ptr<FenProperties> makeItem(QString const& type, FenModifiedGroup& group)
+{
+    if (type == FenChartVariable::typeString) return std::make_unique<FenChartVariable>(group);
+    if (type == FenChartAxisContinuous::typeString) return std::make_unique<FenChartAxisContinuous>(group);
+    if (type == FenChartAxisDiscrete::typeString) return std::make_unique<FenChartAxisDiscrete>(group);
+    return nullptr;
+}
+
+QStringList allTypes()
+{
+    return FenVisList::creatableTypes()
+        + QStringList{FenChartVariable::typeString, FenChartAxisContinuous::typeString,
+                      FenChartAxisDiscrete::typeString};
+}
+
+std::vector<Row> rowsOf(QString const& type)
+{
+    FenModifiedGroup group;
+    std::vector<Row> rows{
+        {QStringLiteral("key"), QStringLiteral("type"), QStringLiteral("default"), QStringLiteral("unit")}};
+    if (std::unique_ptr<FenProperties> const item = makeItem(type, group)) {
+        collect(*item, QString(), rows);
+    } else {
+        FenVisList list(group, QStringLiteral("node"));
+        collect(list.child(QStringLiteral("node"), type), QString(), rows);
+    }
+    return rows;
+}
+
+QString table(std::vector<Row> const& rows)
+{
+    int keyWidth = 0;
+    int typeWidth = 0;
+    int valueWidth = 0;
+    for (Row const& row : rows) {
+        keyWidth = std::max(keyWidth, int(row.key.size()));
+        typeWidth = std::max(typeWidth, int(row.type.size()));
+        valueWidth = std::max(valueWidth, int(row.value.size()));
+    }
+    QString text;
+    for (Row const& row : rows) {
+        QString line = row.key.leftJustified(keyWidth + 2) + row.type.leftJustified(typeWidth + 2)
+            + row.value.leftJustified(valueWidth + 2) + row.unit;
+        while (line.endsWith(QLatin1Char(' '))) line.chop(1);
+        text += line + QLatin1Char('\n');
+    }
+    return text;
+}
+
+} // namespace
+
+int command::runTypes(Call const& call, Command const& self)
+{
+    QCommandLineParser parser;
+    int status = Success;
+    if (!parse(call, self, 0, 1, parser, status)) return status;
+    QStringList const types = allTypes();
+    if (parser.positionalArguments().isEmpty()) {
+        print(types.join(QLatin1Char('\n')) + QLatin1Char('\n'));
+        return Success;
+    }
+    QString const type = parser.positionalArguments().first();
+    if (!types.contains(type))
+        return wrongUsage(self, QStringLiteral("there is no such type; fenvis types lists all"));
+    print(table(rowsOf(type)));
+    return Success;
+}

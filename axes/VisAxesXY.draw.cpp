@@ -1,0 +1,261 @@
+#include "axes/VisAxesXY.h"
+#include "axes/AxisMetrics.h"
+#include "axes/ElidedText.h"
+#include "charts/chart2d/VisChart2D.h"
+#include "picking/hits/VisHitProperty.h"
+#include "picking/select/VisPickScope.h"
+#include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartAxisScale.h"
+#include "services/opengl/GlScopes.h"
+#include "services/opengl/GlWrappers.h"
+#include "services/opengl/OglBoxedText.h"
+#include "services/opengl/OglText.h"
+#include "services/opengl/PixelRatio.h"
+#include "services/opengl/VertexArrays.h"
+
+#include <algorithm>
+
+using fen::AxisMetrics;
+using Kes::Math::Vector2;
+
+namespace {
+
+Vector2 place(int x, int y) { return Vector2(float(x), float(y)); }
+
+void addLine(std::vector<Vector2>& lines, Vector2 const& from, Vector2 const& to)
+{
+    lines.push_back(from);
+    lines.push_back(to);
+}
+
+/// [px] lines run through pixel centres, so that those of odd width are sharp.
+void drawLines(std::vector<Vector2> const& lines)
+{
+    fen::MatrixScope const matrix(GL_MODELVIEW);
+    glTranslatef(0.5f, 0.5f, 0);
+    fen::drawArray(GL_LINES, lines);
+}
+
+int upright(FenOglText const& text) { return text.height() + AxisMetrics::labelGap; }
+
+int labelShift(FenChartAxisScale const& scale, std::vector<int> const& points, int length)
+{
+    if (!scale.centered()) return 0;
+    return points.size() < 2 ? length / 2 : (points[1] - points[0]) / 2;
+}
+
+} // namespace
+
+void FenVisAxesXY::Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAxisPairScale const& xScale,
+                        FenChartAxisPairScale const& yScale, FenOglViewport const& dataViewport,
+                        FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const
+{
+    if (!dataViewport.valid()) return;
+    PlacedAxes const axes = placeAxes(chart.chart.xAxes, chart.chart.yAxes, xScale, yScale);
+    fen::AttribScope const state(GL_CURRENT_BIT | GL_LINE_BIT | GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT);
+    glDisable(GL_LIGHTING);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_LINE_SMOOTH);
+    glDisable(GL_LINE_STIPPLE);
+    if (!select) {
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    }
+    text.clear();
+    text.setPointSize(AxisMetrics::pointSize);
+    if (!select) drawGrid(axes, dataViewport, text);
+    drawAxesLabels(text, chart, axes, dataViewport, select);
+    drawAxes(chart, axes, dataViewport, select, highlighted);
+    text.clear();
+}
+
+void FenVisAxesXY::drawGrid(PlacedAxes const& axes, FenOglViewport const& data, FenOglText const& text)
+{
+    fen::lineWidth(1);
+    for (Placed const& axis : axes) {
+        QColor const color = axis.axis.gridColor.get();
+        if (color.alpha() == 0) continue;
+        glColor(color);
+        std::vector<int> const all = axis.vertical() ? calcGridPoints(axis.scale, data.y(), data.height())
+                                                     : calcGridPoints(axis.scale, data.x(), data.width());
+        std::vector<int> points = tickPoints(all, labelStride(axis, all, text));
+        if (axis.vertical()) {
+            points.push_back(data.y());
+            points.push_back(data.y() + data.height());
+        } else {
+            points.push_back(data.x());
+            points.push_back(data.x() + data.width());
+        }
+        // Translucent lines that fall together must not add up.
+        std::sort(points.begin(), points.end());
+        points.erase(std::unique(points.begin(), points.end()), points.end());
+        if (axis.vertical())
+            drawHorzGrid(points, data);
+        else
+            drawVertGrid(points, data);
+    }
+}
+
+void FenVisAxesXY::drawVertGrid(std::vector<int> const& points, FenOglViewport const& data)
+{
+    std::vector<Vector2> lines;
+    for (int p : points) addLine(lines, place(p, data.y()), place(p, data.y() + data.height() + 1));
+    drawLines(lines);
+}
+
+void FenVisAxesXY::drawHorzGrid(std::vector<int> const& points, FenOglViewport const& data)
+{
+    std::vector<Vector2> lines;
+    for (int p : points) addLine(lines, place(data.x(), p), place(data.x() + data.width() + 1, p));
+    drawLines(lines);
+}
+
+void FenVisAxesXY::drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, PlacedAxes const& axes,
+                                  FenOglViewport const& data, FenVisOglSelectWeakPtr select)
+{
+    for (Placed const& axis : axes) {
+        FenVisPickScope const name(select, chart.hitProperties(),
+                                   [&] { return FenVisHitProperty(&axis.axis); });
+        std::vector<int> const points = axis.vertical() ? calcGridPoints(axis.scale, data.y(), data.height())
+                                                        : calcGridPoints(axis.scale, data.x(), data.width());
+        unsigned const stride = labelStride(axis, points, text);
+        if (axis.visible()) drawTicks(axis, tickPoints(points, stride), data);
+        FenOglTextBatch const joined(text);
+        drawLabels(text, axis, points, stride, data);
+        drawTitle(text, axis, data);
+    }
+}
+
+void FenVisAxesXY::drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data)
+{
+    int const a = AxisMetrics::tickStart, b = AxisMetrics::tickEnd;
+    int const right = data.x() + data.width(), top = data.y() + data.height();
+    std::vector<Vector2> lines;
+    for (int p : points) {
+        switch (axis.side) {
+        case Bottom:
+            addLine(lines, place(p, data.y() - a), place(p, data.y() - b));
+            break;
+        case Top:
+            addLine(lines, place(p, top + a), place(p, top + b));
+            break;
+        case Left:
+            addLine(lines, place(data.x() - a, p), place(data.x() - b, p));
+            break;
+        case Right:
+            addLine(lines, place(right + a, p), place(right + b, p));
+            break;
+        }
+    }
+    glColor(axis.axis.color.get());
+    fen::lineWidth(1);
+    drawLines(lines);
+}
+
+void FenVisAxesXY::drawLabels(FenOglText& text, Placed const& axis, std::vector<int> const& points,
+                              unsigned stride, FenOglViewport const& data)
+{
+    int const distance = upright(text);
+    int const length = axis.vertical() ? data.height() : data.width();
+    int const shift = labelShift(axis.scale, points, length);
+    int const chartWidth = glGetViewport().width();
+    text.setColor(axis.axis.labelColor.get());
+    int end = 0; // [px] what the labels so far have taken of the row
+    for (std::size_t i = 0; i < points.size(); i += stride) {
+        QString const label = fen::elided(text, axis.scale.label(unsigned(i)), AxisMetrics::labelMaximum);
+        if (label.isEmpty()) continue;
+        int p = points[i] - shift;
+        if (axis.vertical()) {
+            bool const left = axis.side == Left;
+            int const edge = left ? data.x() : data.x() + data.width();
+            // Where there is no title the widest label would begin outside the chart: it moves to its axis.
+            int const room = (left ? edge : chartWidth - edge) - text.size(label).width() - AxisMetrics::rim;
+            int const away = std::max(std::min(distance, room), AxisMetrics::tickEnd + 1);
+            text.setAlignment((left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+            text.draw(QPoint(left ? edge - away : edge + away, p), label);
+            continue;
+        }
+        // The first and the last label may be moved a little so that they stay in the chart.
+        int const half = (text.size(label).width() + 1) / 2 + AxisMetrics::rim;
+        int const inside = std::clamp(p, std::min(half, p + AxisMetrics::labelShift),
+                                      std::max(chartWidth - half, p - AxisMetrics::labelShift));
+        if (inside < half || inside > chartWidth - half || inside - half < end) continue;
+        p = inside;
+        end = p + half + AxisMetrics::labelSpace - 2 * AxisMetrics::rim;
+        text.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+        bool const bottom = axis.side == Bottom;
+        text.draw(QPoint(p, bottom ? data.y() - distance : data.y() + data.height() + distance), label);
+    }
+}
+
+void FenVisAxesXY::drawTitle(FenOglText& text, Placed const& axis, FenOglViewport const& data)
+{
+    int const length = axis.vertical() ? data.height() : data.width();
+    QString const title = fen::elided(text, getAxisTitle(axis.axis), length - 2 * AxisMetrics::titlePadding);
+    if (title.isEmpty()) return;
+    int const distance = upright(text);
+    int const half = qRound(1.5 * distance);
+    int const width = axis.vertical() ? divLabelMaxWidth(axis.scale, text) : 0;
+    QPoint anchor(data.x() + data.width() / 2, data.y() + data.height() / 2);
+    Kes::Math::Angle turn = Kes::Math::Angle0;
+    switch (axis.side) {
+    case Bottom:
+        anchor.setY(data.y() - distance - half);
+        break;
+    case Top:
+        anchor.setY(data.y() + data.height() + distance + half);
+        break;
+    case Left:
+        anchor.setX(data.x() - distance - distance - width);
+        turn = Kes::Math::Angle90;
+        break;
+    case Right:
+        anchor.setX(data.x() + data.width() + distance + width + distance);
+        turn = Kes::Math::Angle270;
+        break;
+    }
+    QColor const box = axis.axis.titleBoxColor.get();
+    text.setColor(axis.axis.labelColor.get());
+    FenOglBoxedText boxed(text);
+    boxed.setColor(box.darker(200), box);
+    boxed.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    boxed.setOrientation(turn);
+    boxed.draw(anchor, QSize(length, AxisMetrics::titleLines * text.height()), title);
+}
+
+void FenVisAxesXY::drawAxes(FenVisChart2D const& chart, PlacedAxes const& axes, FenOglViewport const& data,
+                            FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const
+{
+    int const d = AxisMetrics::lineOffset;
+    int const right = data.x() + data.width() + d, top = data.y() + data.height() + d;
+    for (Placed const& axis : axes) {
+        if (!axis.visible()) continue;
+        FenVisPickScope const name(select, chart.hitProperties(),
+                                   [&] { return FenVisHitProperty(&axis.axis); });
+        bool const wide = !select && highlighted.isPropertyEqual(&axis.axis);
+        int const width = wide ? AxisMetrics::highlightedLineWidth : AxisMetrics::lineWidth;
+        Vector2 from, to;
+        switch (axis.side) {
+        case Bottom:
+            from = place(data.x(), data.y() - d), to = place(right, data.y() - d);
+            break;
+        case Top:
+            from = place(data.x(), top), to = place(right, top);
+            break;
+        case Left:
+            from = place(data.x() - d, data.y()), to = place(data.x() - d, top);
+            break;
+        case Right:
+            from = place(right, data.y()), to = place(right, top);
+            break;
+        }
+        glColor(axis.axis.color.get());
+        // A rectangle of the line's width, because picking knows no line width; longer at both ends, so
+        // that axes that meet share a whole corner.
+        float const half = 0.5f * float(width) - 0.5f;
+        float const before = axis.vertical() ? 0 : float(d), below = axis.vertical() ? float(d) : 0;
+        fen::drawRectangle(from.x() - before - half, from.y() - below - half, to.x() + half + 1,
+                           to.y() + half + 1);
+    }
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "framework/Visualization.h"
+#include "picking/select/VisOglSelect.h"
+#include "services/logging/Export.h"
+#include "services/opengl/OglViewport.h"
+
+#include <QString>
+
+#include <vector>
+
+class FenChartAxis;
+class FenChartAxisPair;
+class FenChartAxisPairScale;
+class FenChartAxisScale;
+class FenOglText;
+class FenVisChart2D;
+
+/// The four axes around the data rectangle of a 2D chart.
+///
+/// Holds nothing between calls: the chart that owns it hands over pairs, scales
+/// and the rectangle. All lengths are whole pixels relative to the chart's
+/// viewport. Takes part in no pass of its own; the chart calls `Draw`.
+class FENVIS_EXPORT FenVisAxesXY : public FenVisualization {
+public:
+    static QString const typeString;
+
+    explicit FenVisAxesXY(FenModifiedGroup& group);
+    FenVisAxesXY(FenVisAxesXY const& other);
+    FenVisAxesXY& operator=(FenVisAxesXY const& other) = default;
+    ~FenVisAxesXY() override;
+
+    /// What the axes' labels and titles leave of `viewport`.
+    /// @return [px] the data rectangle; empty when there is no room
+    FenOglViewport GetDataViewport(FenOglText& text, FenChartAxisPair const& x, FenChartAxisPair const& y,
+                                   FenChartAxisPairScale const& xScale, FenChartAxisPairScale const& yScale,
+                                   FenOglViewport const& viewport) const;
+
+    /// Grid, ticks, labels, titles and axis lines around `dataViewport` [px]. With a live select handle
+    /// the grid is left out, and each axis gets a name for its labels and title and one for its line.
+    /// @param highlighted  the axis that owns it gets a wider line
+    void Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAxisPairScale const& xScale,
+              FenChartAxisPairScale const& yScale, FenOglViewport const& dataViewport,
+              FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const;
+
+    bool getViewport(FenOglViewport const& parent, FenOglViewport& own) const override;
+    void update(DrawContext const& context) override;
+    void resize(DrawContext const& context) override;
+    void draw3d(DrawContext const& context) const override;
+    void draw2d(DrawContext const& context) const override;
+    FenVisHitRecordList select3d(SelectContext const& context) const override;
+    FenVisHitRecordList select2d(SelectContext const& context) const override;
+    Kes::Math::BoundingBox boundingBox() const override;
+
+private:
+    enum Side { Bottom, Top, Left, Right };
+    /// An axis that is shown, and where.
+    struct Placed {
+        Side side;
+        FenChartAxis const& axis;
+        FenChartAxisScale const& scale;
+
+        bool vertical() const { return side == Left || side == Right; }
+        bool visible() const; // has a colour
+    };
+    typedef std::vector<Placed> PlacedAxes; // bottom, top, left, right
+
+    // Room and texts: VisAxesXY.layout.cpp
+    static PlacedAxes placeAxes(FenChartAxisPair const& x, FenChartAxisPair const& y,
+                                FenChartAxisPairScale const& xScale, FenChartAxisPairScale const& yScale);
+    static int axisTitleHeight(FenChartAxis const& axis, int lineHeight);
+    static int divLabelMaxWidth(FenChartAxisScale const& scale, FenOglText const& text);
+    static int getAxisMargin(FenChartAxisScale const* scale, FenChartAxis const* axis, FenOglText const& text,
+                             int lineHeight, bool vertical);
+    static QString getAxisTitle(FenChartAxis const& axis);
+    static std::vector<int> calcGridPoints(FenChartAxisScale const& scale, int origin, int length);
+    static unsigned labelStride(Placed const& axis, std::vector<int> const& points, FenOglText const& text);
+    static std::vector<int> tickPoints(std::vector<int> const& points, unsigned stride);
+
+    // VisAxesXY.draw.cpp
+    static void drawGrid(PlacedAxes const& axes, FenOglViewport const& data, FenOglText const& text);
+    static void drawVertGrid(std::vector<int> const& points, FenOglViewport const& data);
+    static void drawHorzGrid(std::vector<int> const& points, FenOglViewport const& data);
+    void drawAxes(FenVisChart2D const& chart, PlacedAxes const& axes, FenOglViewport const& data,
+                  FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const;
+    static void drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, PlacedAxes const& axes,
+                               FenOglViewport const& data, FenVisOglSelectWeakPtr select);
+    static void drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data);
+    static void drawLabels(FenOglText& text, Placed const& axis, std::vector<int> const& points,
+                           unsigned stride, FenOglViewport const& data);
+    static void drawTitle(FenOglText& text, Placed const& axis, FenOglViewport const& data);
+};

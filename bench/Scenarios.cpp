@@ -1,0 +1,273 @@
+// Complete charts (axes, labels, title) drawn headless at 1280x800, each
+// measurement one line of JSON. Usage: scenarios_bench S1|S1_10M|S2|S5|S7
+//
+//   S1, S1_10M  line of 1 or 10 million points: first picture, repaint, resize,
+//               1 % visible and moved, 1,000 points appended
+//   S2          100,000 symbols of 6 px
+//   S5          picks in S1
+//   S7          100 charts of 1,000 points in one picture
+//
+// Every picture ends as pixels in memory. The data is in memory before.
+
+#include "bench/Measure.h"
+
+#include "charts/chart2d/VisChart2D.h"
+#include "host/Scene.h"
+#include "host/headless/OffscreenContext.h"
+#include "picking/hits/VisHitRecordQuery.h"
+#include "services/chartdata/ChartColumn.h"
+
+#include <QGuiApplication>
+#include <QImage>
+
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+using Kes::Math::Vector3;
+
+namespace {
+
+constexpr int width = 1280;
+constexpr int height = 800;
+
+/// A scene and the context that it is drawn in.
+class Stage {
+public:
+    Stage()
+        : _context(QSize(width + 1, height + 1))
+    {
+        if (!_context.valid()) {
+            std::fprintf(stderr, "no OpenGL: %s\n", qPrintable(_context.error()));
+            std::exit(1);
+        }
+        clear();
+    }
+
+    void clear() { _scene = std::make_unique<FenVisScene>(); }
+    FenVisScene& scene() { return *_scene; }
+
+    void draw(QSize const& size = QSize(width, height))
+    {
+        _scene->resize(size);
+        _scene->update();
+        _scene->draw();
+        _picture = _context.grab();
+    }
+
+    void repaint()
+    {
+        _scene->draw();
+        _picture = _context.grab();
+    }
+
+    /// Pixels that differ from the upper left corner.
+    long ink() const
+    {
+        long count = 0;
+        QRgb const corner = _picture.pixel(0, 1);
+        for (int y = 1; y < height; ++y) {
+            for (int x = 0; x < width; ++x) count += _picture.pixel(x, y) != corner;
+        }
+        return count;
+    }
+
+private:
+    FenOffscreenContext _context;
+    std::unique_ptr<FenVisScene> _scene;
+    QImage _picture;
+};
+
+FenChartVariable& addVariable(FenVisChart2D& node, bench::Column const& x, bench::Column const& y)
+{
+    FenChartVariable& variable = node.chart.variables.append("walk");
+    variable.setColumn(Vector3::CompX, FenChartColumn::share(x));
+    variable.setColumn(Vector3::CompY, FenChartColumn::share(y));
+    variable.lineColor.set(Qt::blue);
+    return variable;
+}
+
+FenVisChart2D& addChart(FenVisScene& scene, QString const& title, bench::Column const& x,
+                        bench::Column const& y)
+{
+    FenVisChart2D& node = scene.add<FenVisChart2D>("chart");
+    node.chart.title.set(title);
+    node.chart.xAxes.first()->title.set("Sample");
+    node.chart.yAxes.first()->title.set("Value");
+    addVariable(node, x, y);
+    return node;
+}
+
+void show(FenChartAxis& axis, double from, double to)
+{
+    axis.autoRange.set(false);
+    axis.min.set(from);
+    axis.max.set(to);
+}
+
+void line(std::string const& scenario)
+{
+    bench::rememberDataSize();
+    size_t const count = scenario == "S1_10M" ? 10000000 : 1000000;
+    bench::Walk const walk(count);
+    bench::rememberDataSize();
+    Stage stage;
+    FenVisChart2D* node = nullptr;
+
+    auto const first = bench::measure([&] {
+        stage.clear();
+        node = &addChart(stage.scene(), "Random walk", walk.x, walk.y);
+        stage.draw();
+    });
+    bench::report(scenario, "noaa", "a_first", first, stage.ink());
+    bench::report(scenario, "noaa", "b_replot", bench::measure([&] { stage.repaint(); }), stage.ink());
+    int step = 0;
+    bench::report(scenario, "noaa", "c_resize", bench::measure([&] {
+                      ++step;
+                      stage.draw(QSize(width + step % 2, height + step % 2));
+                  }),
+                  stage.ink());
+
+    FenChartAxis& x = *node->chart.xAxes.first();
+    double const all = double(count);
+    double at = 0.4 * all;
+    bench::report(scenario, "noaa", "d_pan_1pct", bench::measure([&] {
+                      at += 0.0005 * all;
+                      show(x, at, at + 0.01 * all);
+                      stage.draw();
+                  }),
+                  stage.ink());
+    if (scenario != "S1") return;
+
+    x.autoRange.set(true);
+    stage.draw();
+    double end = all;
+    FenChartVariable& variable = node->chart.variables[0];
+    bench::report(scenario, "noaa", "f_append1000", bench::measure([&] {
+                      std::vector<double> xs(1000);
+                      std::vector<double> ys(1000);
+                      for (size_t i = 0; i < xs.size(); ++i) {
+                          xs[i] = end++;
+                          ys[i] = 100 * std::sin(end * 1e-4);
+                      }
+                      variable.appendData(Vector3::CompX, std::move(xs));
+                      variable.appendData(Vector3::CompY, std::move(ys));
+                      stage.draw();
+                  }),
+                  stage.ink());
+}
+
+void symbols()
+{
+    bench::rememberDataSize();
+    bench::Cloud const cloud(100000);
+    bench::rememberDataSize();
+    Stage stage;
+    auto const first = bench::measure([&] {
+        stage.clear();
+        FenVisChart2D& node = addChart(stage.scene(), "Cloud", cloud.x, cloud.y);
+        FenChartVariable& variable = node.chart.variables[0];
+        variable.lineMode.set(FenChart::lineNone);
+        variable.symbol.set(FenChart::symbolEllipse);
+        variable.symbolSize.set(6);
+        variable.symbolColor.set(Qt::blue);
+        variable.symbolOutlineColor.set(Qt::blue);
+        stage.draw();
+    });
+    bench::report("S2", "noaa", "a_first", first, stage.ink());
+    bench::report("S2", "noaa", "b_replot", bench::measure([&] { stage.repaint(); }), stage.ink());
+}
+
+void picks()
+{
+    bench::rememberDataSize();
+    bench::Walk const walk(1000000);
+    bench::rememberDataSize();
+    Stage stage;
+    FenVisChart2D& node = addChart(stage.scene(), "Random walk", walk.x, walk.y);
+    stage.draw();
+    // Points on the curve, spread over the picture: where its pixels are.
+    std::vector<QPoint> const places = node.drawnPixels(64);
+    FenOglViewport const data = node.getDataViewport();
+    constexpr int picksPerRun = 20;
+    size_t place = 0;
+    long hits = 0;
+    auto const pickOne = [&] {
+        QPoint const at = places[place++ % places.size()] + QPoint(data.x() + 1, data.y() + 1);
+        FenVisHitRecordList const list = stage.scene().select(at, QSize(6, 6));
+        if (FenVisHitRecordQuery::any(list)) {
+            hits += FenVisHitRecordQuery::top(list).context() != FenVisHitRecord::DEFAULT_NAME;
+        }
+    };
+    auto const pick = bench::measure(
+        [&] {
+            for (int i = 0; i < picksPerRun; ++i) pickOne();
+        },
+        picksPerRun);
+    bench::report("S5", "select", "pick", pick, hits);
+    bench::Times first;
+    first.min = first.median = first.max = first.cold = pick.cold;
+    first.repetitions = 1;
+    bench::report("S5", "select", "first_pick", first, hits);
+}
+
+void many()
+{
+    bench::rememberDataSize();
+    std::vector<bench::Walk> walks;
+    for (unsigned long long i = 0; i < 100; ++i) walks.emplace_back(1000, i * 1000);
+    bench::rememberDataSize();
+    Stage stage;
+    auto const first = bench::measure([&] {
+        stage.clear();
+        for (int i = 0; i < 100; ++i) {
+            bench::Walk const& walk = walks[size_t(i)];
+            FenVisChart2D& node = addChart(stage.scene(), QString(), walk.x, walk.y);
+            node.viewport.x.set(i % 10 * width / 10);
+            node.viewport.y.set((9 - i / 10) * height / 10);
+            node.viewport.width.set(width / 10);
+            node.viewport.height.set(height / 10);
+            node.chart.xAxes.first()->title.set(QString());
+            node.chart.yAxes.first()->title.set(QString());
+        }
+        stage.draw();
+    });
+    bench::report("S7", "noaa", "a_first", first, stage.ink());
+    bench::report("S7", "noaa", "b_replot", bench::measure([&] { stage.repaint(); }), stage.ink());
+    long hits = 0;
+    int at = 0;
+    constexpr int picksPerRun = 20;
+    bench::report("S7", "noaa", "hover",
+                  bench::measure(
+                      [&] {
+                          for (int i = 0; i < picksPerRun; ++i) {
+                              at = (at + 7919) % (width * height);
+                              hits += long(
+                                  stage.scene().select(QPoint(at % width, at / width), QSize(6, 6)).size());
+                          }
+                      },
+                      picksPerRun),
+                  hits);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QGuiApplication application(argc, argv);
+    std::string const scenario = argc > 1 ? argv[1] : "S1";
+    if (scenario == "S1" || scenario == "S1_10M") {
+        line(scenario);
+    } else if (scenario == "S2") {
+        symbols();
+    } else if (scenario == "S5") {
+        picks();
+    } else if (scenario == "S7") {
+        many();
+    } else {
+        std::fprintf(stderr, "usage: scenarios_bench S1|S1_10M|S2|S5|S7\n");
+        return 2;
+    }
+    return 0;
+}

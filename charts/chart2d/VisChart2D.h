@@ -1,0 +1,113 @@
+#pragma once
+
+#include "axes/VisAxesXY.h"
+#include "charts/VisChart.h"
+#include "picking/select/VisOglSelect.h"
+#include "services/chartdata/Chart2D.h"
+#include "services/chartdata/ChartAxisPairScale.h"
+#include "services/chartdata/ChartPerVariableScaling.h"
+#include "services/chartdata/ChartValidVariableList.h"
+#include "services/chartdata/ChartVariableListCache.h"
+#include "services/math/BoundingBox.h"
+#include "services/math/Vector2.h"
+#include "services/math/Vector3.h"
+
+#include <QPoint>
+
+#include <boost/shared_ptr.hpp>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace fen {
+struct ChartPictures;
+struct VariablePicture;
+} // namespace fen
+
+/// Two-dimensional chart: lines, splines, steps, bars and symbols of any number
+/// of variables inside up to four axes.
+///
+/// Owns its content (child "chart"), its axes and the handler that shows
+/// tooltips and remembers what is highlighted. The caches of data are values,
+/// rebuilt whole by `update`; what depends on pixels (tick positions, data
+/// rectangle, reduced curves) is rebuilt whole by `resize`. Drawing and picking
+/// only read them. An update empties the data rectangle, so that nothing is
+/// drawn before the next resize.
+class FENVIS_EXPORT FenVisChart2D : public FenVisChart {
+public:
+    static QString const typeString;
+
+    class HitDetectEventHandler;
+
+    FenChart2D chart;
+
+    explicit FenVisChart2D(FenModifiedGroup& group);
+    FenVisChart2D(FenVisChart2D const& other);
+    FenVisChart2D& operator=(FenVisChart2D const& other) = default;
+    ~FenVisChart2D() override;
+
+    /// [px] rectangle of the data, relative to the node; empty between update and resize.
+    FenOglViewport getDataViewport() const override;
+    void update(DrawContext const& context) override;
+    void resize(DrawContext const& context) override;
+    void draw3d(DrawContext const& context) const override;
+    void draw2d(DrawContext const& context) const override;
+    FenVisHitRecordList select3d(SelectContext const& context) const override;
+    FenVisHitRecordList select2d(SelectContext const& context) const override;
+    /// [scene] box of the data in the 3D view; undefined otherwise.
+    Kes::Math::BoundingBox boundingBox() const override;
+
+    FenChartValidVariableList validVariables() const override;
+    Kes::Math::Vector3 offset() const;
+    Kes::Math::Vector3 scaling() const;
+    /// Range of values that a gradient of variable `i` spans.
+    /// @param i      index of a cached variable
+    /// @param range  [data] set to (minimum, maximum)
+    void gradientExtents(unsigned i, Kes::Math::Vector2& range) const;
+    /// The scales that are shown, with their exact ranges.
+    FenChartAxisPairScale const& xScale() const { return _xScale; }
+    FenChartAxisPairScale const& yScale() const { return _yScale; }
+    /// Where ink lies in the data rectangle: curves, areas and bars every few pixels, symbols at their
+    /// centres.
+    /// @return [px] from the rectangle's lower left corner; about `limit` at most, spread evenly; empty
+    /// before
+    ///         the first resize
+    std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const;
+
+private:
+    struct Pass; // one pass of drawing or picking
+    struct Highlight; // what of a variable is highlighted
+
+    void clearCaches();
+    bool updateView3d(DrawContext const& context);
+    void updateScales(unsigned divisions, DrawContext const& context);
+    void writeRanges(DrawContext const& context);
+
+    void drawSelect2d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
+    void drawSelect3d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
+    Highlight highlightOf(unsigned index, bool picking) const;
+
+    // Variable `index` of the pictures: VisChart2D.variables.cpp
+    void drawVariable(Pass const& pass, unsigned index) const;
+    void drawCurve(Pass const& pass, unsigned index, Highlight const& highlight) const;
+    void drawLineExtensions(unsigned index) const;
+    void drawSymbol(Pass const& pass, unsigned index, Highlight const& highlight) const;
+    void nameSymbols(Pass const& pass, unsigned index) const;
+    void drawLabel(Pass const& pass, unsigned index) const;
+
+    FenVisAxesXY _axes;
+    FenOglViewport _dataViewport; // [px] relative to the node
+    Kes::Math::BoundingBox _bounds; // [scene] 3D view only
+    Kes::Math::Vector3 _scaling;
+    Kes::Math::Vector3 _offset;
+    FenChartVariableListCache _variableCache;
+    FenChartAxisPairScale _xScale;
+    FenChartAxisPairScale _yScale;
+    FenChartPerVariableScaling _perVariableScaling;
+    FenChartValidVariableList _validVariables;
+    std::shared_ptr<fen::ChartPictures const> _pictures; // what resize prepared; null before
+    boost::shared_ptr<HitDetectEventHandler> _handler;
+
+    friend class HitDetectEventHandler;
+};

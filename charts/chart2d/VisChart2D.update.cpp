@@ -1,0 +1,134 @@
+#include "charts/chart2d/VisChart2D.h"
+#include "charts/ChartMetrics.h"
+#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/VisChart2D.handler.h"
+#include "framework/DrawContext.h"
+#include "framework/IVisPropertyEdit.h"
+#include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartUpdateVariableUnits.h"
+#include "services/logging/DebugLogger.h"
+#include "services/opengl/OglText.h"
+
+#include <algorithm>
+
+using fen::ChartMetrics;
+using Kes::Math::BoundingBox;
+using Kes::Math::Vector2;
+using Kes::Math::Vector3;
+
+namespace {
+
+QString rangeText(double value) { return QString::number(value, 'g', 6); }
+
+/// Tells an axis with an automatic range what was found; quiet when it knows.
+void writeRange(IFenVisPropertyEdit& edit, FenChart2D& chart, FenChartAxis* axis,
+                FenChartAxisScale const* scale)
+{
+    if (!axis || !scale || !axis->autoRange.get()) return;
+    QString const min = rangeText(scale->min()), max = rangeText(scale->max());
+    if (axis->min.getString() == min && axis->max.getString() == max) return;
+    edit.beginEdit();
+    edit.editProperty(chart, *axis, axis->min.name(), min);
+    edit.editProperty(chart, *axis, axis->max.name(), max);
+    edit.endEdit();
+}
+
+float inverse(float extent) { return extent != 0 ? 1 / extent : 1.0f; }
+
+} // namespace
+
+void FenVisChart2D::clearCaches()
+{
+    _dataViewport.reset();
+    _bounds.reset();
+    _scaling = Kes::Math::Vector1;
+    _offset = Kes::Math::Vector0;
+    hitProperties().clear();
+    _pictures.reset();
+    // Whatever was highlighted may have gone, or be something else by now.
+    _handler->forget();
+}
+
+void FenVisChart2D::update(DrawContext const& context)
+{
+    clearCaches();
+    FenChartUpdateVariableUnits convert(chart.unitSystem, chart.xAxes, chart.yAxes, chart.zAxes,
+                                        chart.variables);
+    _variableCache = FenChartVariableListCache(convert(), chart.xAxes.names());
+    _xScale = FenChartAxisPairScale(chart.xAxes, _variableCache);
+    _yScale = FenChartAxisPairScale(chart.yAxes, _variableCache);
+    _perVariableScaling = FenChartPerVariableScaling(_xScale, _yScale, _variableCache);
+    _validVariables.clear();
+    for (unsigned i = 0; i < _perVariableScaling.size(); ++i)
+        if (_perVariableScaling.valid(i)) _validVariables.push_back(_perVariableScaling.variable(i));
+    if (_variableCache.size() == 0) return;
+    if (chart.view3D.get() && !updateView3d(context)) return;
+    updateScales(ChartMetrics::minimumDivisions, context);
+}
+
+/// Box, scaling and offset of the 3D view.
+/// @return false when the first variable has no x axis: then there is no such view
+bool FenVisChart2D::updateView3d(DrawContext const& context)
+{
+    _bounds = _variableCache.bounds();
+    _xScale.update(ChartMetrics::minimumDivisions, context.numberFormat);
+    _yScale.update(ChartMetrics::minimumDivisions, context.numberFormat);
+    if (!_bounds.defined()) return true;
+    Vector3 min = _bounds.min(), max = _bounds.max();
+    bool const centered = (_xScale.first() && _xScale.first()->centered())
+        || (_xScale.second() && _xScale.second()->centered());
+    if (!centered) FenChartAxisScale::ExpandRange(min.x(), max.x(), 0.02f);
+    FenChartAxisScale::ExpandRange(min.y(), max.y(), 0.05f);
+    Vector3 const extent = max - min;
+    float const largest = std::max({extent.x(), extent.y(), extent.z()});
+    float const d = largest > 0 ? largest : 1.0f;
+    FenChartAxisScale const* const xScale = _xScale.find(_variableCache.cache(0).variable().xAxis.get());
+    if (!xScale) {
+        _bounds.reset();
+        return false;
+    }
+    if (extent.x() == 0 || xScale->discrete()) max.x() = min.x() + d;
+    if (extent.y() == 0) max.y() = min.y() + d;
+    max.z() = min.z() + d;
+    Vector3 const size = max - min;
+    _scaling = Vector3(inverse(size.x()), inverse(size.y()), inverse(size.z()));
+    _bounds = BoundingBox(min, max).scale(_scaling);
+    fen::debug_logger::debuglogger().dlog << "bounds: " << _bounds << '\n';
+    Vector3 const margin = (_bounds.max() - _bounds.min()) * 0.05f;
+    _bounds = BoundingBox(_bounds.min() - margin, _bounds.max() + margin);
+    return true;
+}
+
+void FenVisChart2D::updateScales(unsigned divisions, DrawContext const& context)
+{
+    _xScale.update(divisions, context.numberFormat);
+    _yScale.update(divisions, context.numberFormat);
+    writeRanges(context);
+}
+
+void FenVisChart2D::writeRanges(DrawContext const& context)
+{
+    IFenVisPropertyEdit& edit = *context.propertyEdit;
+    writeRange(edit, chart, chart.xAxes.first(), _xScale.first());
+    writeRange(edit, chart, chart.xAxes.second(), _xScale.second());
+    writeRange(edit, chart, chart.yAxes.first(), _yScale.first());
+    writeRange(edit, chart, chart.yAxes.second(), _yScale.second());
+}
+
+void FenVisChart2D::resize(DrawContext const& context)
+{
+    _pictures.reset();
+    FenOglViewport room;
+    if (!calcDataViewport(context, chart, room)) {
+        _dataViewport.reset();
+        return;
+    }
+    int const divisions = std::min(room.width(), room.height()) / ChartMetrics::pixelsPerDivision;
+    updateScales(std::max(unsigned(divisions), ChartMetrics::minimumDivisions), context);
+    _perVariableScaling = FenChartPerVariableScaling(_xScale, _yScale, _variableCache);
+    context.text.clear();
+    _dataViewport = _axes.GetDataViewport(context.text, chart.xAxes, chart.yAxes, _xScale, _yScale, room);
+    if (!_dataViewport.valid() || chart.view3D.get()) return;
+    _pictures = std::make_shared<fen::ChartPictures const>(
+        fen::makePictures(_perVariableScaling, _dataViewport.size(), context.text));
+}

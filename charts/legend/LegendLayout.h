@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QRect>
+#include <QSize>
+#include <QSizeF>
+
+#include <vector>
+
+namespace fen {
+
+/// What one entry of a legend needs room for.
+struct LegendEntrySize {
+    QSize label; ///< [px] of its text
+    QSize ramp; ///< [px] of the colour ramp with its value labels, below the text; empty: no ramp
+};
+
+/// Rectangles of a legend. All are [px], y up, relative to the lower left corner of its box; QRect's
+/// top() is the lower edge here.
+struct LegendLayout {
+    /// One entry: the sample of its line and symbol at the left, the label beside it, the ramp below.
+    struct Entry {
+        QRect bounds; ///< all of it, as wide as its column
+        QRect sample;
+        QRect label;
+        QRect ramp;
+    };
+    QSize box;
+    std::vector<Entry> entries;
+};
+
+/// Measures of a legend [px].
+struct LegendMetrics {
+    int lineHeight = 13;
+    int padding = 6; ///< inside the frame
+    int sampleWidth = 26;
+    int gap = 6; ///< between sample and label, and between columns
+    int rowGap = 3;
+};
+
+/// Lays the entries out below each other, in further columns when the height is used up.
+/// @param room  [px] that the box should not exceed; it does where an entry needs more
+LegendLayout layoutVertical(std::vector<LegendEntrySize> const& entries, LegendMetrics const& metrics,
+                            QSize const& room);
+
+/// Lays the entries out side by side, in further rows when the width is used up.
+LegendLayout layoutHorizontal(std::vector<LegendEntrySize> const& entries, LegendMetrics const& metrics,
+                              QSize const& room);
+
+} // namespace fen

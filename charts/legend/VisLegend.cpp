@@ -1,0 +1,222 @@
+#include "charts/legend/VisLegend.h"
+
+#include "charts/VisChart.h"
+#include "charts/chart2d/VisChart2D.h"
+#include "charts/legend/LegendPlacement.h"
+#include "charts/legend/VisLegend.handler.h"
+#include "framework/DrawContext.h"
+#include "framework/VisList.h"
+#include "picking/hits/VisHitRecordList.h"
+#include "services/chartdata/ChartValidVariableList.h"
+#include "services/chartdata/ChartVariable.h"
+#include "services/math/BoundingBox.h"
+#include "services/math/Vector2.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+
+namespace {
+
+/// [px] between an automatically placed legend and the edge of the data rectangle.
+constexpr int automaticMargin = 8;
+/// Values beside a colour ramp, at most.
+constexpr unsigned rampIntervals = 17;
+
+} // namespace
+
+QString const FenVisLegend::typeString = QStringLiteral("visualization.legend");
+
+FenVisLegend::FenVisLegend(FenModifiedGroup& group)
+    : FenVisualization(group)
+    , legend(group)
+    , _handler(boost::make_shared<HitDetectEventHandler>(*this))
+{
+    legend.rename(QStringLiteral("legend"));
+    insert(&legend, true);
+    rename(typeString);
+    setType(typeString);
+    layer.set(100);
+    thumbnail.set(false);
+    lineColor.set(Qt::transparent);
+    fillColor.set(Qt::transparent);
+    selectable.set(true);
+}
+
+FenVisLegend::FenVisLegend(FenVisLegend const& other)
+    : FenVisualization(other)
+    , legend(other.legend)
+    , _handler(other._handler)
+{
+    legend.rename(QStringLiteral("legend"));
+    insert(&legend, true);
+    rename(typeString);
+    setType(typeString);
+}
+
+FenVisLegend& FenVisLegend::operator=(FenVisLegend const& other)
+{
+    if (this == &other) return *this;
+    unlink(); // the link is this node's own; the next update makes it anew
+    FenVisualization::operator=(other);
+    legend = other.legend;
+    _handler = other._handler;
+    return *this;
+}
+
+FenVisLegend::~FenVisLegend() { unlink(); }
+
+void FenVisLegend::onDependentRename(QString const& oldName, QString const& newName)
+{
+    FenVisualization::onDependentRename(oldName, newName);
+    if (!oldName.isEmpty() && legend.chart.get() == oldName) legend.chart.set(newName);
+}
+
+bool FenVisLegend::getViewport(FenOglViewport const& parent, FenOglViewport& own) const
+{
+    FenVisualization const* const chart = _chart.get();
+    if (!chart) return false;
+    FenOglViewport place;
+    if (!chart->getViewport(parent, place)) place = parent;
+    FenOglViewport const data = chart->getDataViewport();
+    own = FenOglViewport(place.x() + data.x(), place.y() + data.y(), data.width(), data.height());
+    return true;
+}
+
+void FenVisLegend::unlink()
+{
+    if (FenVisualization* const source = _source.get()) source->depend().erase(*this);
+    _source = fen::view_ptr<FenVisualization>();
+    _chart = fen::view_ptr<FenVisualization>();
+}
+
+void FenVisLegend::dependOn(FenVisualization& source)
+{
+    _source = fen::view_ptr<FenVisualization>(&source);
+    source.depend().insert(*this);
+}
+
+void FenVisLegend::update(DrawContext const& context)
+{
+    _entries.clear();
+    _intervals.clear();
+    _rectangles.clear();
+    _box.reset();
+    unlink();
+    auto* const list = dynamic_cast<FenVisList*>(parent());
+    if (!list || legend.chart.get().isEmpty()) return;
+    FenVisualization* const chart = list->at(legend.chart.get());
+    if (!chart || chart == this || !chart->enabled.get()) {
+        dependOn(*list); // the chart may come, or be enabled again
+        return;
+    }
+    dependOn(*chart);
+    _chart = fen::view_ptr<FenVisualization>(chart);
+    collectEntries(context);
+}
+
+void FenVisLegend::collectEntries(DrawContext const& context)
+{
+    auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get());
+    if (!chart) return;
+    auto const* const chart2d = dynamic_cast<FenVisChart2D const*>(chart);
+    FenChartValidVariableList const variables = chart->validVariables();
+    for (unsigned i = 0; i < variables.size(); ++i) {
+        if (!variables.alive(i)) continue;
+        FenChartVariable const& variable = variables.variable(i);
+        if (!variable.legend.get()) continue;
+        Kes::Math::Vector2 range = variables.minmax(i);
+        if (chart2d) chart2d->gradientExtents(i, range);
+        _entries.emplace_back(&variable);
+        _intervals.push_back(range.y() > range.x()
+                                 ? Kes::Math::NiceIntervals(double(range.x()), double(range.y()),
+                                                            rampIntervals, true, true, context.numberFormat)
+                                 : Kes::Math::NiceIntervals());
+    }
+}
+
+bool FenVisLegend::placedAutomatically() const
+{
+    FenViewport const& place = legend.viewport;
+    return place.placement.get() == QLatin1String("bottomLeft") && place.x.get() == 0.0
+        && place.y.get() == 0.0 && place.width.get() == 1.0 && place.height.get() == 1.0;
+}
+
+void FenVisLegend::resize(DrawContext const& context)
+{
+    _place = QPoint();
+    Kind const* const layout = kind();
+    if (!layout || !placedAutomatically()) return;
+    QSize const area = context.viewport.size();
+    QSize const box = sizeLegend(context.text, context.viewport, layout->ramps).box;
+    std::vector<QPoint> ink;
+    if (auto const* const chart = dynamic_cast<FenVisChart2D const*>(_chart.get()))
+        ink = chart->drawnPixels();
+    _place = fen::leastHidingPlace(box, area, automaticMargin, ink);
+}
+
+FenOglViewport FenVisLegend::calcLegendViewport(QSize const& size, FenOglViewport const& viewport) const
+{
+    QPoint corner = _place;
+    if (QPoint const* const dragged = _handler->dragged()) {
+        corner = *dragged;
+    } else if (!placedAutomatically()) {
+        FenModifiedGroup group;
+        FenViewport place(group);
+        place.placement.set(legend.viewport.placement.get());
+        place.x.set(legend.viewport.x.get());
+        place.y.set(legend.viewport.y.get());
+        place.width.set(size.width());
+        place.height.set(size.height());
+        FenOglViewport const fitted = FenOglViewport::fitToParent(viewport, place);
+        corner = QPoint(fitted.x(), fitted.y());
+    }
+    // Inside the data rectangle, as far as it is large enough.
+    corner.setX(std::clamp(corner.x(), 0, std::max(0, viewport.width() - size.width())));
+    corner.setY(std::clamp(corner.y(), 0, std::max(0, viewport.height() - size.height())));
+    return FenOglViewport(corner.x(), corner.y(), size.width(), size.height());
+}
+
+std::vector<FenChartVariable const*> FenVisLegend::entries() const
+{
+    std::vector<FenChartVariable const*> alive;
+    for (auto const& entry : _entries) {
+        if (entry.get()) alive.push_back(entry.get());
+    }
+    return alive;
+}
+
+FenOglViewport FenVisLegend::entryRectangle(unsigned i) const
+{
+    return i < _rectangles.size() ? _rectangles[i] : FenOglViewport();
+}
+
+void FenVisLegend::draw3d(DrawContext const&) const { }
+
+FenVisHitRecordList FenVisLegend::select3d(SelectContext const&) const { return FenVisHitRecordList(); }
+
+FenVisHitRecordList FenVisLegend::select2d(SelectContext const& context) const
+{
+    FenVisHitTable& names = hitProperties();
+    names.clear();
+    if (!_chart || _entries.empty() || !_box.valid()) return FenVisHitRecordList();
+    QSize const size = context.size.expandedTo(QSize(1, 1));
+    QRect const picked(context.point - QPoint(size.width() / 2, size.height() / 2), size);
+    auto const meets = [&](FenOglViewport const& rectangle) {
+        return rectangle.valid() && picked.intersects(QRect(rectangle.origin(), rectangle.size()));
+    };
+    if (!meets(_box)) return FenVisHitRecordList();
+
+    std::vector<FenVisHitRecord> records{FenVisHitRecord::catchall()};
+    names.insert(FenVisHitRecord::DEFAULT_NAME, FenVisHitProperty(this));
+    for (unsigned i = 0; i < _entries.size(); ++i) {
+        FenChartVariable const* const variable = _entries[i].get();
+        if (!variable || !meets(entryRectangle(i))) continue;
+        quint32 const name = FenVisHitRecord::START_NAME + i;
+        names.insert(name, FenVisHitProperty(variable));
+        records.emplace_back(name, double(FenVisHitRecord::OVERLAY_DEPTH));
+    }
+    return FenVisHitRecordList(records, _handler, this, layer.get());
+}
+
+Kes::Math::BoundingBox FenVisLegend::boundingBox() const { return Kes::Math::BoundingBox(); }

@@ -1,0 +1,221 @@
+#include "charts/legend/VisLegend.h"
+
+#include "charts/chart2d/VisChart2D.h"
+#include "charts/legend/LegendSample.h"
+#include "charts/legend/VisLegend.handler.h"
+#include "framework/DrawContext.h"
+#include "services/chartdata/Chart.h"
+#include "services/chartdata/ChartVariable.h"
+#include "services/math/Vector2.h"
+#include "services/opengl/Gl.h"
+#include "services/opengl/GlScopes.h"
+#include "services/opengl/GlWrappers.h"
+#include "services/opengl/OglCache.h"
+#include "services/opengl/OglText.h"
+#include "services/opengl/OglTexture.h"
+#include "services/opengl/PixelRatio.h"
+#include "services/opengl/VertexArrays.h"
+#include "services/properties/Labels.h"
+
+#include <QColor>
+
+#include <algorithm>
+
+using Kes::Math::Vector2;
+
+namespace {
+
+constexpr unsigned pointSize = 8; // [pt]
+constexpr int rampWidth = 14; // [px]
+constexpr int rampLines = 8; ///< height of a ramp in text lines
+constexpr int rampGap = 4; // [px] between ramp, tick and value
+constexpr unsigned rampSteps = 256;
+constexpr int boxAlpha = 225; ///< the chart shines through a little
+
+/// Colours of the box, so that a text in `text` can be read on it.
+struct BoxColors {
+    QColor background;
+    QColor frame;
+    QColor highlight;
+};
+
+BoxColors boxColors(QColor const& text)
+{
+    bool const dark = text.lightnessF() > 0.5f;
+    if (dark) return {QColor(35, 38, 43, boxAlpha), QColor(95, 100, 108), QColor(70, 80, 98)};
+    return {QColor(255, 255, 255, boxAlpha), QColor(190, 194, 200), QColor(222, 232, 246)};
+}
+
+/// Size of a colour ramp with its values beside it [px].
+QSize rampSize(Kes::Math::NiceIntervals const& intervals, FenOglText const& text)
+{
+    int widest = 0;
+    for (unsigned i = 0; i < intervals.size(); ++i) {
+        widest = std::max(widest, text.size(QString::fromStdString(intervals.label(i))).width());
+    }
+    // Half a line above and below, where the outermost values stick out.
+    return QSize(rampWidth + 2 * rampGap + widest, (rampLines + 1) * text.height());
+}
+
+/// Ramp from the lowest colour at the bottom to the highest, with every n-th value beside it.
+void drawRamp(FenOglCache& cache, FenOglText& text, FenChartVariable const& variable,
+              Kes::Math::NiceIntervals const& intervals, QRect const& area)
+{
+    float const x0 = float(area.x());
+    float const x1 = x0 + float(rampWidth);
+    int const bottom = area.y() + text.height() / 2;
+    int const length = area.height() - text.height();
+    float const y0 = float(bottom);
+    float const y1 = float(bottom + length);
+    {
+        fen::AttribScope const attributes(GL_ENABLE_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT);
+        glEnable(GL_TEXTURE_2D);
+        glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+        cache.gradient(variable.colors.get(), rampSteps, false).set();
+        fen::drawTexturedArray(GL_TRIANGLE_STRIP,
+                               {Vector2(x0, y0), Vector2(x1, y0), Vector2(x0, y1), Vector2(x1, y1)},
+                               {Vector2(0, 0), Vector2(0, 0), Vector2(0, 1), Vector2(0, 1)});
+    }
+    unsigned const room = unsigned(std::max(1, length / text.height()));
+    unsigned const stride = std::max(1u, (intervals.size() + room - 1) / room);
+    text.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (unsigned i = 0; i < intervals.size(); i += stride) {
+        int const y = bottom + qRound(intervals.fraction(i) * length);
+        glColor(text.color());
+        fen::drawLine(Vector2(x1, float(y) + 0.5f), Vector2(x1 + float(rampGap) - 1.0f, float(y) + 0.5f));
+        text.draw(QPoint(area.x() + rampWidth + 2 * rampGap, y), QString::fromStdString(intervals.label(i)));
+    }
+}
+
+} // namespace
+
+/// One row per kind of chart, in the order in which they are asked.
+std::vector<FenVisLegend::Kind> const& FenVisLegend::kinds()
+{
+    static std::vector<Kind> const table = {
+        {[](FenVisualization const& chart) { return dynamic_cast<FenVisChart2D const*>(&chart) != nullptr; },
+         Sample::Series, true},
+    };
+    return table;
+}
+
+FenVisLegend::Kind const* FenVisLegend::kind() const
+{
+    FenVisualization const* const chart = _chart.get();
+    if (!chart || _entries.empty()) return nullptr;
+    auto const& table = kinds();
+    auto const found =
+        std::find_if(table.begin(), table.end(), [&](Kind const& row) { return row.matches(*chart); });
+    return found == table.end() ? nullptr : &*found;
+}
+
+bool FenVisLegend::CanExpandVariable(unsigned i) const
+{
+    FenChartVariable const* const variable = _entries[i].get();
+    return variable && fen::hasColorRamp(*variable) && _intervals[i].size() > 1;
+}
+
+/// The label of an entry; values of a ramp that share a factor have it there, as axes in their titles.
+QString FenVisLegend::entryText(unsigned i, bool ramps) const
+{
+    QString const label = fen::legendLabel(*_entries[i]);
+    if (!ramps || !CanExpandVariable(i)) return label;
+    QString const factor = fen::toFactorLabel(_intervals[i].factor());
+    return factor.isEmpty() ? label : label + QStringLiteral("  (%1)").arg(factor);
+}
+
+fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, FenOglViewport const& viewport, bool ramps) const
+{
+    text.clear();
+    text.setPointSize(pointSize);
+    std::vector<fen::LegendEntrySize> sizes(_entries.size());
+    for (unsigned i = 0; i < _entries.size(); ++i) {
+        FenChartVariable const* const variable = _entries[i].get();
+        if (!variable) continue;
+        sizes[i].label = text.size(entryText(i, ramps));
+        if (ramps && CanExpandVariable(i)) sizes[i].ramp = rampSize(_intervals[i], text);
+    }
+    fen::LegendMetrics metrics;
+    metrics.lineHeight = text.height();
+    bool const vertical = legend.orientation.get() == FenChart::legendVertical;
+    auto layout = vertical ? fen::layoutVertical(sizes, metrics, viewport.size())
+                           : fen::layoutHorizontal(sizes, metrics, viewport.size());
+    text.clear();
+    return layout;
+}
+
+void FenVisLegend::draw2d(DrawContext const& context) const
+{
+    _rectangles.clear();
+    _box.reset();
+    Kind const* const layout = kind();
+    if (!layout) return;
+    FenOglViewport const own(0, 0, context.viewport.width(), context.viewport.height());
+    _area = own;
+    context.text.clear();
+    context.text.setColor(legend.textColor.get());
+    drawLegend(context.cache, context.text, own, layout->sample, layout->ramps);
+    context.text.clear();
+}
+
+void FenVisLegend::drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewport const& viewport,
+                              Sample sample, bool ramps) const
+{
+    QColor const color = text.color();
+    fen::LegendLayout const layout = sizeLegend(text, viewport, ramps);
+    _box = calcLegendViewport(layout.box, viewport);
+
+    fen::AttribScope const attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT | GL_LINE_BIT);
+    glDisable(GL_LIGHTING);
+    glDisable(GL_DEPTH_TEST);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    decorate(color);
+
+    text.setPointSize(pointSize);
+    text.setColor(color);
+    for (unsigned i = 0; i < layout.entries.size(); ++i) {
+        fen::LegendLayout::Entry entry = layout.entries[i];
+        for (QRect* part : {&entry.bounds, &entry.sample, &entry.label, &entry.ramp}) {
+            part->translate(_box.origin());
+        }
+        _rectangles.emplace_back(entry.bounds.x(), entry.bounds.y(), entry.bounds.width(),
+                                 entry.bounds.height());
+        if (_entries[i]) drawEntry(cache, text, i, entry, sample);
+    }
+}
+
+void FenVisLegend::decorate(QColor const& textColor) const
+{
+    BoxColors const colors = boxColors(textColor);
+    float const x0 = float(_box.x());
+    float const y0 = float(_box.y());
+    float const x1 = x0 + float(_box.width());
+    float const y1 = y0 + float(_box.height());
+    glColor(colors.background);
+    fen::drawRectangle(x0, y0, x1, y1);
+    glColor(colors.frame);
+    fen::lineWidth(1);
+    fen::drawFrame(x0 + 0.5f, y0 + 0.5f, x1 - 0.5f, y1 - 0.5f);
+}
+
+void FenVisLegend::drawEntry(FenOglCache& cache, FenOglText& text, unsigned i,
+                             fen::LegendLayout::Entry const& entry, Sample sample) const
+{
+    FenChartVariable const& variable = *_entries[i];
+    if (_handler->hovered().isPropertyEqual(&variable)) {
+        glColor(boxColors(text.color()).highlight);
+        fen::drawRectangle(float(entry.bounds.x() - 2), float(entry.bounds.y() - 1),
+                           float(entry.bounds.x() + entry.bounds.width() + 2),
+                           float(entry.bounds.y() + entry.bounds.height() + 1));
+    }
+    if (sample == Sample::Series) {
+        fen::drawLegendSample(cache, variable, entry.sample);
+    } else {
+        fen::drawLegendPatch(variable, entry.sample);
+    }
+    text.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    text.draw(QPoint(entry.label.x(), entry.label.y() + entry.label.height() / 2),
+              entryText(i, !entry.ramp.isEmpty()));
+    if (!entry.ramp.isEmpty()) drawRamp(cache, text, variable, _intervals[i], entry.ramp);
+}

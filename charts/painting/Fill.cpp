@@ -1,0 +1,52 @@
+#include "charts/painting/Fill.h"
+
+#include "services/opengl/GlWrappers.h"
+#include "services/opengl/OglCache.h"
+#include "services/opengl/OglTexture.h"
+
+namespace fen {
+
+namespace {
+
+constexpr unsigned rampSteps = 256;
+
+} // namespace
+
+void drawFill(FillStyle const& style, FenOglCache& cache, std::function<void(bool textured)> const& area)
+{
+    switch (style.mode) {
+    case FillStyle::None:
+        return;
+    case FillStyle::Solid:
+        if (style.color.alpha() == 0) return;
+        glColor(style.color);
+        area(false);
+        return;
+    case FillStyle::Sparse:
+        if (style.back.alpha() > 0) {
+            glColor(style.back);
+            area(false);
+        }
+        glColor(style.color);
+        glEnable(GL_POLYGON_STIPPLE);
+        glPolygonStipple(style.pattern);
+        area(false);
+        glDisable(GL_POLYGON_STIPPLE);
+        return;
+    case FillStyle::Gradient:
+        drawRamp(style.ramp, cache, [&] { area(true); });
+        return;
+    }
+}
+
+void drawRamp(QList<QColor> const& ramp, FenOglCache& cache, std::function<void()> const& geometry)
+{
+    cache.gradient(ramp, rampSteps, false).set();
+    glEnable(GL_TEXTURE_2D);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+    glColor(Qt::white);
+    geometry();
+    glDisable(GL_TEXTURE_2D);
+}
+
+} // namespace fen

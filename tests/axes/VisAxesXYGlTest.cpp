@@ -1,0 +1,146 @@
+#include "services/chartdata/Chart.h"
+#include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartVariable.h"
+#include "tests/support/OffscreenGlTest.h"
+#include "tests/support/SceneBuilder.h"
+
+#include <functional>
+
+class VisAxesXYGlTest : public OffscreenGlTest {
+protected:
+    void SetUp() override
+    {
+        OffscreenGlTest::SetUp();
+        scene.chart->chart.xAxes.setSecond("top", FenChartAxisContinuous::typeString);
+        scene.chart->chart.yAxes.setSecond("right", FenChartAxisContinuous::typeString);
+        int k = 0;
+        for (char const* name : {"x", "y", "top", "right"}) {
+            scene.axis(name).color.set(colors[k++]);
+            scene.axis(name).labelColor.set(Qt::black);
+            scene.range(name, 0, 10);
+        }
+        scene.line("a", {});
+    }
+    Picture updated()
+    {
+        scene.update();
+        clear();
+        scene.draw();
+        return picture();
+    }
+
+    static inline QColor const colors[] = {Qt::red, Qt::green, Qt::blue, Qt::magenta};
+    ChartScene scene;
+};
+
+TEST_F(VisAxesXYGlTest, LinesTicksAndGridLieAtTheirPixels)
+{
+    scene.axis("y").gridColor.set(Qt::transparent);
+    scene.axis("top").gridColor.set(Qt::transparent);
+    scene.axis("right").gridColor.set(Qt::transparent);
+    scene.axis("x").gridColor.set(Qt::cyan);
+    Picture const drawn = updated();
+    FenOglViewport const data = scene.data();
+    int const right = data.x() + data.width(), top = data.y() + data.height();
+    int const middle = data.x() + data.width() / 2 + 7, half = data.y() + data.height() / 2 + 7;
+    for (int d = -3; d <= 3; ++d) {
+        bool const on = d >= -1 && d <= 1;
+        EXPECT_EQ(on, drawn.pixelGl(middle, data.y() - 1 + d) == colors[0]) << "bottom " << d;
+        EXPECT_EQ(on, drawn.pixelGl(data.x() - 1 + d, half) == colors[1]) << "left " << d;
+        EXPECT_EQ(on, drawn.pixelGl(middle, top + 1 + d) == colors[2]) << "top " << d;
+        EXPECT_EQ(on, drawn.pixelGl(right + 1 + d, half) == colors[3]) << "right " << d;
+    }
+    for (int percent : {0, 20, 40, 100}) {
+        int const x = data.x() + qRound(data.width() * percent / 100.0);
+        int const y = data.y() + qRound(data.height() * percent / 100.0);
+        EXPECT_EQ(colors[0], drawn.pixelGl(x, data.y() - 4)) << percent;
+        EXPECT_NE(colors[0], drawn.pixelGl(x, data.y() - 6)) << percent;
+        EXPECT_EQ(colors[2], drawn.pixelGl(x, top + 4)) << percent;
+        EXPECT_EQ(colors[1], drawn.pixelGl(data.x() - 4, y)) << percent;
+        EXPECT_EQ(colors[3], drawn.pixelGl(right + 4, y)) << percent;
+        if (percent == 20 || percent == 40) {
+            EXPECT_EQ(QColor(Qt::cyan), drawn.pixelGl(x, half));
+            EXPECT_EQ(QColor(Qt::white), drawn.pixelGl(x + 1, half)) << "sharp";
+        }
+    }
+}
+
+TEST_F(VisAxesXYGlTest, TransparentAxesLeaveTheirLabels)
+{
+    Picture const before = updated();
+    scene.axis("x").color.set(Qt::transparent);
+    Picture const after = updated();
+    FenOglViewport const data = scene.data();
+    EXPECT_EQ(0, after.count(colors[0]));
+    QRect const labels(0, before.height() - data.y() + 8, before.width(), 16);
+    EXPECT_GT(after.count(Qt::black, labels, 60), 20);
+    EXPECT_EQ("axis x", scene.pick(QPoint(data.x(), data.y() - 16), 3));
+    EXPECT_EQ("chart", scene.pick(QPoint(data.x() + 33, data.y() - 1), 1));
+}
+
+TEST_F(VisAxesXYGlTest, CrowdedLabelsNeitherTouchNorLeaveTheChart)
+{
+    QStringList labels;
+    for (int i = 0; i < 60; ++i) labels << QString("category %1").arg(i);
+    scene.categories(labels);
+    for (int width : {120, 250, 400, 777}) {
+        resizePicture(width, 300);
+        scene.resize(QSize(width, 300));
+        Picture const drawn = updated();
+        FenOglViewport const data = scene.data();
+        int const row = drawn.height() - data.y() + 9;
+        EXPECT_EQ(0, drawn.count(Qt::black, QRect(0, row, 1, 14), 80)) << width;
+        EXPECT_EQ(0, drawn.count(Qt::black, QRect(width - 1, row, 1, 14), 80)) << width;
+        // Columns without ink part the labels: inside one there are at most two in a row.
+        int gap = 9, words = 0;
+        for (int x = 0; x < width; ++x) {
+            bool const ink = drawn.count(Qt::white, QRect(x, row, 1, 14), 30) < 14;
+            if (ink && gap > 5) ++words;
+            gap = ink ? 0 : gap + 1;
+        }
+        EXPECT_GE(words, 1) << width;
+        EXPECT_LE(words, width / 50) << width;
+    }
+}
+
+TEST_F(VisAxesXYGlTest, TitlesAreCentredWithFactorAndUnit)
+{
+    struct Row {
+        std::function<void(FenChartAxisContinuous&)> set;
+        QString text;
+    };
+    Row const rows[] = {
+        {[](FenChartAxisContinuous&) {}, "Length"},
+        {[](FenChartAxisContinuous& a) { a.unit.set("m"); }, "Length  [m]"},
+        {[](FenChartAxisContinuous& a) { a.factor.set(1000); }, "Length  (1000)  [m]"},
+        {[](FenChartAxisContinuous& a) { a.titleColor.set(Qt::transparent); }, "Length"},
+    };
+    FenChartAxisContinuous& axis = scene.axis("x");
+    axis.title.set("Length");
+    for (Row const& row : rows) {
+        row.set(axis);
+        Picture const drawn = updated();
+        FenOglViewport const data = scene.data();
+        Picture const strip = drawn.copy(QRect(0, drawn.height() - data.y() + 30, drawn.width(), 22));
+        QRect const ink = strip.boundingBox();
+        text->setPointSize(8);
+        EXPECT_NEAR(text->size(row.text).width(), ink.width(), 4) << row.text.toStdString();
+        EXPECT_NEAR(data.x() + data.width() / 2, ink.center().x(), 3) << row.text.toStdString();
+    }
+    axis.title.set(QString(300, 'W'));
+    Picture const drawn = updated();
+    FenOglViewport const data = scene.data();
+    QRect const ink = drawn.copy(QRect(0, drawn.height() - data.y() + 30, drawn.width(), 22)).boundingBox();
+    EXPECT_GE(ink.left(), data.x());
+    EXPECT_LE(ink.right(), data.x() + data.width());
+}
+
+TEST_F(VisAxesXYGlTest, LabelsOfTheSidesStayInTheChart)
+{
+    scene.range("y", -1e5, 1e5);
+    scene.range("right", -1e-7, 1e-7);
+    Picture const drawn = updated();
+    EXPECT_EQ(0, drawn.count(Qt::black, QRect(0, 0, 1, drawn.height()), 100));
+    EXPECT_EQ(0, drawn.count(Qt::black, QRect(drawn.width() - 1, 0, 1, drawn.height()), 100));
+    EXPECT_LT(drawn.boundingBox().left(), 4) << "the label is there";
+}

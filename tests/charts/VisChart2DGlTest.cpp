@@ -1,0 +1,298 @@
+#include "services/chartdata/Chart.h"
+#include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartVariable.h"
+#include "tests/support/OffscreenGlTest.h"
+#include "tests/support/SceneBuilder.h"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <random>
+
+namespace {
+
+double const infinite = std::numeric_limits<double>::infinity();
+double const undefined = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
+class VisChart2DGlTest : public OffscreenGlTest {
+protected:
+    Picture show()
+    {
+        clear();
+        scene.draw();
+        return picture();
+    }
+    Picture updated()
+    {
+        scene.update();
+        return show();
+    }
+    /// Fixed ranges, so that data is easy to find: x 0..10, y -5..5.
+    void fixRanges()
+    {
+        scene.range("x", 0, 10);
+        scene.range("y", -5, 5);
+    }
+    /// Colour at a place given in data of these ranges.
+    QColor at(Picture const& drawn, double x, double y)
+    {
+        FenOglViewport const data = scene.data();
+        return drawn.pixelGl(data.x() + int(x / 10 * data.width()),
+                             data.y() + int((y + 5) / 10 * data.height()));
+    }
+
+    ChartScene scene;
+};
+
+TEST_F(VisChart2DGlTest, EachStyleDrawsWhatItsNameSays)
+{
+    QColor const blue(Qt::blue), white(Qt::white);
+    struct Probe {
+        double x, y;
+        QColor color;
+    };
+    struct Row {
+        char const* what;
+        QString style;
+        std::function<void(FenChartVariable&)> set;
+        std::vector<Probe> probes;
+    };
+    auto const fill = [](QString const& mode) {
+        return [mode](FenChartVariable& v) {
+            v.lineMode.set(FenChart::lineNone);
+            v.fillMode.set(mode);
+            v.fillColor.set(Qt::blue);
+            v.colors.set({Qt::red, Qt::blue});
+        };
+    };
+    Row const rows[] = {
+        {"line",
+         FenChart::styleLine,
+         [](FenChartVariable&) {},
+         {{3, 0.5, blue}, {3, 2, white}, {7, -1.5, blue}}},
+        {"step",
+         FenChart::styleStep,
+         [](FenChartVariable&) {},
+         {{3, 2, blue}, {3, 0.5, white}, {7, -1, blue}, {5, 0.5, blue}}},
+        {"spline", FenChart::styleSpline, [](FenChartVariable&) {}, {{5, -1, blue}, {5, 1, white}}},
+        {"filled line",
+         FenChart::styleLine,
+         fill(FenChart::fillSolid),
+         {{2, 0.5, blue}, {2, 2.4, white}, {8, -1, blue}, {8, 1, white}, {0.5, 1, white}}},
+        {"filled step", FenChart::styleStep, fill(FenChart::fillSolid), {{3, 1.8, blue}, {3, -0.5, white}}},
+        {"ramp",
+         FenChart::styleLine,
+         fill(FenChart::fillGradient),
+         {{1.1, 1.9, QColor(5, 0, 250)}, {9, -1.9, QColor(2, 0, 253)}}},
+        {"bars",
+         FenChart::styleBar,
+         fill(FenChart::fillSolid),
+         {{1, 1, blue}, {1, -0.5, white}, {5, -0.8, blue}, {5, 0.5, white}, {9, -1.8, blue}}},
+        {"narrow bars",
+         FenChart::styleBar,
+         [&](FenChartVariable& v) {
+             fill(FenChart::fillSolid)(v);
+             v.barWidth.set(0.25);
+         },
+         {{1, 1, blue}, {2, 1, white}, {1.3, 1, blue}}},
+        {"nothing", FenChart::styleNone, fill(FenChart::fillSolid), {{2, 0.5, white}}},
+        {"only symbols",
+         FenChart::styleLine,
+         [](FenChartVariable& v) {
+             v.lineMode.set(FenChart::lineNone);
+             v.symbol.set(FenChart::symbolRect);
+             v.symbolSize.set(9);
+             v.symbolColor.set(Qt::blue);
+         },
+         {{5, -1, blue}, {3, 0.5, white}}},
+        {"unknown", "sawtooth", [](FenChartVariable&) {}, {{3, 0.5, blue}}},
+    };
+    log.expect("sawtooth");
+    for (Row const& row : rows) {
+        scene.chart->chart.variables.removeAt(0);
+        FenChartVariable& v = scene.add("v", {{1, 2}, {5, -1}, {9, -2}}, row.style);
+        v.lineColor.set(blue);
+        v.lineWidth.set(3);
+        row.set(v);
+        fixRanges();
+        scene.axis("x").gridColor.set(Qt::transparent);
+        scene.axis("y").gridColor.set(Qt::transparent);
+        Picture const drawn = updated();
+        for (Probe const& p : row.probes) {
+            QColor const seen = at(drawn, p.x, p.y);
+            int const off = std::abs(seen.red() - p.color.red()) + std::abs(seen.green() - p.color.green())
+                + std::abs(seen.blue() - p.color.blue());
+            bool const ramp = QLatin1String(row.what) == QLatin1String("ramp");
+            if (ramp && p.y < 0)
+                EXPECT_GT(seen.red(), 230) << "low end of the ramp";
+            else
+                EXPECT_LT(off, ramp ? 60 : 6)
+                    << row.what << " at " << p.x << ", " << p.y << ": " << seen.name().toStdString();
+        }
+    }
+}
+
+TEST_F(VisChart2DGlTest, BarsOfSeveralVariablesStandSideBySide)
+{
+    scene.categories({"a", "b"});
+    QColor const colors[] = {Qt::red, Qt::green, Qt::blue};
+    for (int v = 0; v < 3; ++v)
+        scene.bars(QString::number(v), {{0, 3}, {1, v == 1 ? -3.0 : 3.0}}).fillColor.set(colors[v]);
+    scene.range("y", -5, 5);
+    Picture const drawn = updated();
+    FenOglViewport const data = scene.data();
+    int const interval = data.width() / 2, up = data.y() + data.height() * 6 / 10;
+    for (int category = 0; category < 2; ++category)
+        for (int v = 0; v < 3; ++v) {
+            int const x = data.x() + category * interval + int(interval * (0.5 + (v - 1) * 0.8 / 3));
+            bool const below = category == 1 && v == 1;
+            EXPECT_TRUE(drawn.is(x, drawn.height() - 1 - up, below ? QColor(Qt::white) : colors[v]))
+                << category << v;
+            EXPECT_TRUE(drawn.is(x, drawn.height() - 1 - (data.y() + data.height() * 4 / 10),
+                                 below ? colors[v] : QColor(Qt::white)))
+                << category << v;
+        }
+}
+
+TEST_F(VisChart2DGlTest, TheFirstVariableLiesOnTop)
+{
+    fixRanges();
+    scene.bars("first", {{5, 3}}).fillColor.set(Qt::red);
+    scene.bars("second", {{5, 4}}).fillColor.set(Qt::green);
+    scene.chart->chart.variables[0].style.set(FenChart::styleLine);
+    scene.chart->chart.variables[0].setData(Kes::Math::Vector3::CompX, {4, 6});
+    scene.chart->chart.variables[0].setData(Kes::Math::Vector3::CompY, {3, 3});
+    Picture const drawn = updated();
+    EXPECT_EQ(QColor(Qt::red), at(drawn, 5.2, 1));
+    EXPECT_EQ(QColor(Qt::green), at(drawn, 5.2, 3.5));
+}
+
+TEST_F(VisChart2DGlTest, AReducedCurveIsThePictureOfAllItsPoints)
+{
+    std::mt19937 random(3);
+    std::normal_distribution<double> normal;
+    std::vector<double> x, y;
+    for (int i = 0; i < 30000; ++i) {
+        x.push_back(i / 3000.0);
+        y.push_back(i % 5000 < 100 ? undefined : std::sin(x.back()) * 2 + normal(random) * 0.4);
+    }
+    fixRanges();
+    scene.columns("all", x, y).lineColor.set(Qt::blue);
+    Picture const reduced = updated();
+    // A pattern that sets every pixel keeps the points from being reduced.
+    scene.chart->chart.variables[0].lineStyle.set("0xFFFF");
+    Picture const whole = updated();
+    int const ink = whole.count(Qt::blue);
+    ASSERT_GT(ink, 10000);
+    // The ends of single segments may round to the next pixel.
+    EXPECT_LT(reduced.differingPixels(whole), ink / 100);
+}
+
+TEST_F(VisChart2DGlTest, AHighlightedVariableGlowsAndAHighlightedPointHasAHalo)
+{
+    fixRanges();
+    FenChartVariable& a = scene.line("a", {{1, 0}, {5, 0}, {9, 0}});
+    a.lineColor.set(Qt::blue);
+    Picture const plain = updated();
+    FenOglViewport const data = scene.data();
+    QPoint const onLine = (scene.pixelOf("a", 0) * 7 + scene.pixelOf("a", 1)) / 8;
+    ASSERT_TRUE(scene.click(onLine, 1));
+    Picture const glowing = show();
+    QRect const beside(onLine.x(), glowing.height() - 1 - onLine.y() - 3, 3, 1);
+    EXPECT_EQ(3, plain.count(Qt::white, beside));
+    EXPECT_EQ(0, glowing.count(Qt::white, beside, 1));
+    EXPECT_EQ("a { 1, 0 } ", scene.hover(onLine, 1));
+    Picture const halo = show();
+    EXPECT_EQ(3, halo.count(Qt::white, beside)) << "a highlighted point makes no glow";
+    QPoint const point = scene.pixelOf("a", 0);
+    EXPECT_NE(QColor(Qt::white), halo.pixelGl(point.x(), point.y() + 3));
+    EXPECT_TRUE(scene.leave());
+    EXPECT_FALSE(scene.leave());
+    EXPECT_EQ(0, show().differingPixels(plain));
+    EXPECT_TRUE(data.valid());
+}
+
+TEST_F(VisChart2DGlTest, ExtensionsReachTheEndsOfTheAxis)
+{
+    fixRanges();
+    FenChartVariable& a = scene.line("a", {{3, 1}, {7, 1}});
+    a.lineColor.set(Qt::blue);
+    scene.axis("y").gridColor.set(Qt::transparent);
+    a.lineExtension.set(true);
+    Picture const drawn = updated();
+    FenOglViewport const data = scene.data();
+    QPoint const row = scene.pixelOf("a", 0);
+    int const top = drawn.height() - 1 - row.y() - 1;
+    for (QRect const side :
+         {QRect(data.x() + 3, top, 80, 3), QRect(data.x() + data.width() - 80, top, 78, 3)}) {
+        int const ink = drawn.count(Qt::blue, side);
+        EXPECT_GT(ink, 50) << "dashed, 2 px wide";
+        EXPECT_LT(ink, 110);
+    }
+}
+
+TEST_F(VisChart2DGlTest, LabelsStandAtTheirPointsAndNeverOnEachOther)
+{
+    fixRanges();
+    FenChartVariable& a = scene.bars("a", {{2, 2}, {8, -2}});
+    a.labels.set({"up", "down"});
+    a.labelColor.set(Qt::red);
+    Picture const drawn = updated();
+    auto const ink = [&](QPoint const& center) {
+        return drawn.count(Qt::red, QRect(center.x() - 20, drawn.height() - 1 - center.y() - 7, 40, 14), 120);
+    };
+    EXPECT_GT(ink(scene.pixelOf("a", 0) + QPoint(0, 9)), 10) << "above a bar";
+    EXPECT_GT(ink(scene.pixelOf("a", 1) - QPoint(0, 9)), 10) << "below one that hangs down";
+}
+
+TEST_F(VisChart2DGlTest, PassesKeepTheStateWhateverTheDataIs)
+{
+    std::vector<std::pair<char const*, ChartScene::Points>> const hostile = {
+        {"none", {}},
+        {"one", {{1, 5}}},
+        {"equal", {{1, 5}, {1, 5}, {1, 5}}},
+        {"undefined", {{undefined, undefined}, {undefined, 1}}},
+        {"infinite", {{-infinite, 1}, {0, infinite}, {1, 0}, {2, -infinite}}},
+        {"huge", {{-1e308, -1e308}, {1e308, 1e308}, {0, 1}}},
+        {"tiny", {{5e-324, 5e-324}, {1e-320, 2e-320}}},
+        {"backwards", {{3, 1}, {2, 2}, {1, 3}}},
+        {"dates", {{1.7e9, 1}, {1.7e9 + 1e-3, 2}}},
+    };
+    QString const styles[] = {FenChart::styleLine, FenChart::styleSpline, FenChart::styleStep,
+                              FenChart::styleBar};
+    for (auto const& [what, points] : hostile)
+        for (QString const& style : styles)
+            for (bool logarithmic : {false, true}) {
+                SCOPED_TRACE(std::string(what) + ' ' + style.toStdString());
+                ChartScene hard;
+                log.expect("logarithmic");
+                hard.axis("x").logarithmic.set(logarithmic);
+                hard.axis("y").logarithmic.set(logarithmic);
+                FenChartVariable& v = hard.add("v", points, style);
+                v.fillMode.set(FenChart::fillGradient);
+                v.lineMode.set(FenChart::lineGradient);
+                v.symbol.set(FenChart::symbolStar);
+                v.lineExtension.set(true);
+                v.labels.set({"one", "two", "three", "four"});
+                v.lineWidth.set(float(undefined));
+                for (QSize const size : {QSize(400, 300), QSize(1, 1), QSize(60, 40)}) {
+                    resizePicture(size.width(), size.height());
+                    hard.resize(size);
+                    hard.update();
+                    expectPassKeepsState([&] { hard.draw(); });
+                    expectPassKeepsState([&] { hard.hover(QPoint(size.width() / 2, size.height() / 2)); });
+                    expectPassKeepsState([&] { hard.draw(); });
+                }
+            }
+}
+
+TEST_F(VisChart2DGlTest, TheViewInDepthLeavesThePlainPassesAlone)
+{
+    scene.line("a", {{0, 0}, {1, 1}}).lineColor.set(Qt::blue);
+    scene.chart->chart.view3D.set(true);
+    Picture const drawn = updated();
+    EXPECT_EQ(0, drawn.count(Qt::blue, 100));
+    EXPECT_EQ("nothing", scene.pick(QPoint(200, 150)));
+}

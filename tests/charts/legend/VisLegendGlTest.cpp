@@ -1,0 +1,179 @@
+#include "charts/chart2d/VisChart2D.h"
+#include "charts/legend/VisLegend.h"
+#include "framework/VisList.h"
+#include "host/Scene.h"
+#include "picking/hits/IVisEventHandler.h"
+#include "picking/hits/VisHitRecordQuery.h"
+#include "services/chartdata/ChartVariable.h"
+#include "services/properties/StringBuilder.h"
+#include "tests/support/OffscreenGlTest.h"
+
+#include <boost/shared_ptr.hpp>
+
+namespace {
+
+/// A chart of three lines with a legend over it.
+class VisLegendGlTest : public OffscreenGlTest {
+protected:
+    void SetUp() override
+    {
+        OffscreenGlTest::SetUp();
+        resizePicture(600, 400);
+        scene = std::make_unique<FenVisScene>();
+        chart = &scene->add<FenVisChart2D>("chart");
+        for (char const* name : {"red", "green", "blue"}) {
+            FenChartVariable& variable = chart->chart.variables.append(name);
+            // All ink lies on the falling diagonal: upper right and lower left are free.
+            variable.setData(Kes::Math::Vector3::CompY, {10, 8, 6, 4, 2, 0});
+            variable.lineColor.set(QColor(name));
+            variable.lineWidth.set(3);
+        }
+        legend = &scene->add<FenVisLegend>("legend");
+        legend->legend.chart.set("chart");
+        draw();
+    }
+    void TearDown() override
+    {
+        scene.reset();
+        OffscreenGlTest::TearDown();
+    }
+
+    Picture draw()
+    {
+        scene->resize(QSize(600, 400));
+        scene->update();
+        scene->draw();
+        return picture();
+    }
+
+    /// Centre of entry i [px, window].
+    QPoint entry(unsigned i) const { return onWindow(legend->entryRectangle(i)); }
+    QPoint onWindow(FenOglViewport const& rectangle) const
+    {
+        FenOglViewport own;
+        legend->getViewport(FenOglViewport(0, 0, 600, 400), own);
+        return QPoint(own.x() + rectangle.x() + rectangle.width() / 2,
+                      own.y() + rectangle.y() + rectangle.height() / 2);
+    }
+
+    struct Pick {
+        FenVisualization const* node = nullptr;
+        FenProperties const* owner = nullptr;
+        FenVisHitRecord record;
+        boost::shared_ptr<IFenVisEventHandler> handler;
+    };
+    Pick pick(QPoint const& at)
+    {
+        Pick result;
+        FenVisHitRecordList const hits = scene->select(at, QSize(3, 3));
+        if (!FenVisHitRecordQuery::any(hits)) return result;
+        boost::weak_ptr<IFenVisEventHandler> handler;
+        result.record = FenVisHitRecordQuery::top(hits, &handler, &result.node);
+        result.handler = handler.lock();
+        result.owner = result.node->hitProperty(result.record.context()).property;
+        return result;
+    }
+
+    std::unique_ptr<FenVisScene> scene;
+    FenVisChart2D* chart = nullptr;
+    FenVisLegend* legend = nullptr;
+};
+
+} // namespace
+
+TEST_F(VisLegendGlTest, ShowsEachVariableInItsColourWhereItHidesNothing)
+{
+    Picture const with = draw();
+    with.save("legend-lines");
+    FenOglViewport const box = legend->box();
+    ASSERT_TRUE(box.valid());
+    FenOglViewport own;
+    legend->getViewport(FenOglViewport(0, 0, 600, 400), own);
+    QRect const inPicture(own.x() + box.x(), 400 - own.y() - box.y() - box.height(), box.width(),
+                          box.height());
+    for (char const* name : {"red", "green", "blue"})
+        EXPECT_GT(with.count(QColor(name), inPicture), 30) << name;
+
+    legend->enabled.set(false);
+    Picture const without = draw();
+    for (char const* name : {"red", "green", "blue"}) EXPECT_EQ(0, without.count(QColor(name), inPicture));
+}
+
+TEST_F(VisLegendGlTest, FollowsItsChartThroughRenameDisableAndDelete)
+{
+    chart->rename("weather");
+    draw();
+    EXPECT_EQ("weather", legend->legend.chart.get());
+    EXPECT_EQ(3u, legend->entries().size());
+
+    chart->chart.variables[1].legend.set(false);
+    draw();
+    EXPECT_EQ(2u, legend->entries().size());
+
+    chart->enabled.set(false);
+    draw();
+    EXPECT_TRUE(legend->entries().empty());
+    FenOglViewport own;
+    EXPECT_FALSE(legend->getViewport(FenOglViewport(0, 0, 600, 400), own));
+
+    chart->enabled.set(true);
+    draw();
+    EXPECT_EQ(2u, legend->entries().size());
+    // Gone between update and draw: nothing dangles.
+    scene->root().erase(chart);
+    scene->draw();
+    EXPECT_FALSE(pick(QPoint(300, 200)).node);
+    EXPECT_FALSE(legend->getViewport(FenOglViewport(0, 0, 600, 400), own));
+}
+
+TEST_F(VisLegendGlTest, PicksEntriesAndLeavesTheChartBesideItsBoxPickable)
+{
+    Pick const green = pick(entry(1));
+    EXPECT_EQ(legend, green.node);
+    EXPECT_EQ(&chart->chart.variables[1], green.owner);
+    EXPECT_DOUBLE_EQ(0.5, green.record.depth());
+
+    QString tooltip;
+    ASSERT_TRUE(green.handler);
+    EXPECT_TRUE(green.handler->OnMouseOver(green.record, FenStringBuilder(), tooltip));
+    EXPECT_EQ("green", tooltip);
+    EXPECT_FALSE(green.handler->OnMouseOver(green.record, FenStringBuilder(), tooltip));
+
+    FenOglViewport const data = chart->getDataViewport();
+    Pick const beside = pick(QPoint(data.x() + data.width() / 2, data.y() + data.height() / 2));
+    EXPECT_EQ(chart, beside.node);
+}
+
+TEST_F(VisLegendGlTest, IsDraggedInsideTheDataRectangleAndKeepsItsPlace)
+{
+    Pick const grip = pick(entry(0));
+    ASSERT_TRUE(grip.handler);
+    FenOglViewport const before = legend->box();
+    EXPECT_TRUE(grip.handler->OnMouseDrag(grip.record, QPoint(60, 40)));
+    EXPECT_TRUE(grip.handler->OnMouseDrag(grip.record, QPoint(10, 5)));
+    draw();
+    EXPECT_EQ(QPoint(before.x() - 70, before.y() - 45), legend->box().origin());
+    EXPECT_TRUE(grip.handler->OnMouseRelease(grip.record));
+    draw();
+    EXPECT_EQ(QPoint(before.x() - 70, before.y() - 45), legend->box().origin());
+    EXPECT_DOUBLE_EQ(before.x() - 70, legend->legend.viewport.x.get());
+
+    Pick const again = pick(entry(0));
+    again.handler->OnMouseDrag(again.record, QPoint(100000, -100000));
+    draw();
+    EXPECT_EQ(0, legend->box().x());
+    EXPECT_TRUE(again.handler->OnMouseRelease(again.record));
+    EXPECT_FALSE(again.handler->OnMouseRelease(again.record)); // nothing was dragged
+}
+
+TEST_F(VisLegendGlTest, ShowsTheValuesOfAGradientBesideItsColours)
+{
+    FenChartVariable& variable = chart->chart.variables[0];
+    int const plain = legend->entryRectangle(0).height();
+    variable.lineMode.set(FenChart::lineGradient);
+    variable.colors.set({Qt::yellow, Qt::magenta});
+    Picture const picture = draw();
+    picture.save("legend-ramp");
+    EXPECT_GT(legend->entryRectangle(0).height(), 4 * plain);
+    EXPECT_GT(picture.count(Qt::magenta, 8), 10);
+}

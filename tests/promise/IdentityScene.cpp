@@ -1,0 +1,125 @@
+#include "tests/promise/IdentityScene.h"
+
+#include "charts/chart2d/VisChart2D.h"
+#include "host/Scene.h"
+#include "services/chartdata/ChartVariable.h"
+
+#include <cmath>
+
+using Kes::Math::Vector3;
+
+namespace {
+
+/// The i-th of many colours that are far from each other and from white.
+QColor identity(size_t i)
+{
+    // By way of the 8-bit channels of a pixel, so that colours of pixels compare equal.
+    return QColor(QColor::fromHsv(int(i * 67 % 360), 255, 250 - int(i % 3) * 60).rgb());
+}
+
+double uniform(std::mt19937& random, double from, double to)
+{
+    // Not std::uniform_real_distribution: its numbers differ between libraries.
+    return from + (to - from) * double(random()) / 4294967296.0;
+}
+
+bool coin(std::mt19937& random, double probability) { return uniform(random, 0, 1) < probability; }
+
+template <class Choice>
+Choice const& choose(std::mt19937& random, std::vector<Choice> const& choices)
+{
+    return choices[random() % choices.size()];
+}
+
+void colorAxis(IdentityScene& scene, FenChartAxis& axis)
+{
+    QColor const color = identity(scene.things.size());
+    axis.color.set(color);
+    axis.labelColor.set(color);
+    axis.gridColor.set(Qt::transparent); // the grid cannot be picked, on purpose
+    scene.things.push_back({color, &axis, true, 1});
+}
+
+/// Random data: a walk with gaps, or a cloud.
+void fillColumns(FenChartVariable& variable, std::mt19937& random)
+{
+    bool const ascending = coin(random, 0.7);
+    size_t const count = choose<size_t>(random, {1, 2, 5, 30, 400, 20000});
+    std::vector<double> x(count);
+    std::vector<double> y(count);
+    double level = uniform(random, -5, 5);
+    for (size_t i = 0; i < count; ++i) {
+        x[i] = ascending ? double(i) * 100.0 / double(count) : uniform(random, 0, 100);
+        level += uniform(random, -1, 1);
+        y[i] = coin(random, 0.02) ? std::nan("") : level;
+    }
+    variable.setData(Vector3::CompX, std::move(x));
+    variable.setData(Vector3::CompY, std::move(y));
+}
+
+void styleVariable(FenChartVariable& variable, QColor const& color, std::mt19937& random)
+{
+    variable.style.set(choose<QString>(
+        random, {FenChart::styleLine, FenChart::styleStep, FenChart::styleSpline, FenChart::styleBar}));
+    variable.lineColor.set(color);
+    variable.symbolColor.set(color);
+    variable.symbolOutlineColor.set(color);
+    variable.fillColor.set(color);
+    variable.lineWidth.set(float(choose<int>(random, {1, 1, 2, 5})));
+    if (variable.style.get() == FenChart::styleBar || coin(random, 0.2)) {
+        variable.fillMode.set(FenChart::fillSolid);
+    }
+    if (coin(random, 0.6)) {
+        variable.symbol.set(choose<QString>(random,
+                                            {FenChart::symbolRect, FenChart::symbolEllipse,
+                                             FenChart::symbolDiamond, FenChart::symbolDTriangle}));
+        variable.symbolSize.set(choose<int>(random, {5, 8, 13}));
+        if (coin(random, 0.3)) variable.lineMode.set(FenChart::lineNone);
+    }
+}
+
+IdentityScene makeChart2D(FenVisScene& scene, std::mt19937& random)
+{
+    IdentityScene result;
+    FenVisChart2D& node = scene.add<FenVisChart2D>("chart");
+    node.chart.titleColor.set(Qt::transparent);
+    node.chart.xAxes.first()->title.set("x");
+    colorAxis(result, *node.chart.xAxes.first());
+    colorAxis(result, *node.chart.yAxes.first());
+    int const variables = 1 + int(random() % 4);
+    for (int i = 0; i < variables; ++i) {
+        FenChartVariable& variable = node.chart.variables.append(QString("v%1").arg(i));
+        fillColumns(variable, random);
+        QColor const color = identity(result.things.size());
+        styleVariable(variable, color, random);
+        bool const symbols = variable.symbol.get() != FenChart::symbolNone;
+        result.things.push_back({color, &variable, false, symbols ? (variable.symbolSize.get() + 1) / 2 : 1});
+    }
+    return result;
+}
+
+} // namespace
+
+IdentityScene::Thing const* IdentityScene::drawnIn(QColor const& color) const
+{
+    for (Thing const& thing : things) {
+        if (thing.color == color) return &thing;
+    }
+    return nullptr;
+}
+
+IdentityScene::Thing const* IdentityScene::ownedBy(FenProperties const* owner) const
+{
+    for (Thing const& thing : things) {
+        if (owner && thing.owner == owner) return &thing;
+    }
+    return nullptr;
+}
+
+std::vector<IdentityKind> const& identityKinds()
+{
+    static std::vector<IdentityKind> const kinds = {
+        {"2D chart", makeChart2D},
+    };
+    return kinds;
+}
