@@ -153,21 +153,21 @@ bool FenChartNavigation::zoom(QPoint point, double factor)
     return changed;
 }
 
-bool FenChartNavigation::zoomTo(QRect const& rectangle)
+bool FenChartNavigation::zoomTo(QRect const& rectangle, QPoint from)
 {
-    Place const place = placeAt(_scene, rectangle.center());
+    Place const place = placeAt(_scene, from);
     bool const largeEnough = std::max(rectangle.width(), rectangle.height()) > smallestRubberBand;
     if (!place.chart || !largeEnough) return false;
     FenUndoPropertyEdit& edit = _scene.propertyEdit();
     edit.beginStep(QStringLiteral("Zoom ") + place.chart->name());
     bool changed = false;
-    for (NavigatedAxis const& axis : axesAt(place, rectangle.center())) {
+    for (NavigatedAxis const& axis : axesAt(place, from)) {
         bool const horizontal = axis.horizontal();
         // A band drawn along one axis only leaves the other as it is.
         if ((horizontal ? rectangle.width() : rectangle.height()) <= smallestRubberBand) continue;
-        double const from = fractionAt(place, rectangle.topLeft(), horizontal);
-        double const to = fractionAt(place, rectangle.bottomRight() + QPoint(1, 1), horizontal);
-        changed = axis.show(edit, place.content(), std::max(0.0, from), std::min(1.0, to)) || changed;
+        double const low = fractionAt(place, rectangle.topLeft(), horizontal);
+        double const high = fractionAt(place, rectangle.bottomRight() + QPoint(1, 1), horizontal);
+        changed = axis.show(edit, place.content(), std::max(0.0, low), std::min(1.0, high)) || changed;
     }
     edit.endStep();
     return changed;

@@ -29,7 +29,8 @@ public:
     /// @return true when something changed
     bool zoom(QPoint point, double factor);
     /// Shows the part of a 2D chart's data rectangle inside `rectangle` [px].
-    bool zoomTo(QRect const& rectangle);
+    /// @param from  [px] where the rectangle was begun: chooses chart and axes as in `zoom`
+    bool zoomTo(QRect const& rectangle, QPoint from);
     /// Automatic ranges again for the 2D chart under the point.
     bool fit(QPoint point);
     /// The same for every 2D chart of the scene.

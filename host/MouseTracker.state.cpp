@@ -200,7 +200,7 @@ bool FenMouseTracker::State::finish()
         return true;
     case RubberBands:
         if (output.rubberBand) output.rubberBand(QRect());
-        return navigation.zoomTo(rectangle());
+        return navigation.zoomTo(rectangle(), pressPoint);
     default:
         return false;
     }

@@ -2,6 +2,7 @@
 
 #include "apps/viewer/PropertyPanel.h"
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/legend/VisLegend.h"
 #include "host/ChartBuilder.h"
 #include "host/ChartNavigation.h"
 #include "host/DataTable.h"
@@ -129,7 +130,9 @@ void MainWindow::setTheme(FenTheme const& theme)
     FenVisScene& scene = _view->scene();
     theme.apply(scene);
     for (unsigned i = 0; i < scene.root().size(); ++i) {
-        if (auto* const chart = dynamic_cast<FenVisChart2D*>(scene.root().at(i))) theme.apply(*chart);
+        FenVisualization* const node = scene.root().at(i);
+        if (auto* const chart = dynamic_cast<FenVisChart2D*>(node)) theme.apply(*chart);
+        if (auto* const legend = dynamic_cast<FenVisLegend*>(node)) theme.apply(*legend);
     }
     _view->update();
 }

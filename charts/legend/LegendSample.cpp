@@ -48,7 +48,10 @@ void drawFill(FenOglCache& cache, FenChartVariable const& variable, Box const& b
 {
     QString const mode = variable.fillMode.get();
     if (mode == FenChart::fillGradient) {
-        drawGradient(cache, variable.colors.get(), box);
+        QList<QColor> const colors = variable.colors.get();
+        bool const own = !colors.isEmpty();
+        drawGradient(cache, own ? colors : QList<QColor>{variable.backColor.get(), variable.fillColor.get()},
+                     box);
     } else if (mode == FenChart::fillSolid) {
         glColor(variable.fillColor.get());
         drawRectangle(box.left, box.bottom, box.right, box.top);
@@ -71,13 +74,14 @@ void drawLine(FenOglCache& cache, FenChartVariable const& variable, Box const& b
     bool const bar = variable.style.get() == FenChart::styleBar;
     float const width = std::clamp(variable.lineWidth.get(), 1.0f, maximumLineWidth);
     float const middle = 0.5f * (box.bottom + box.top);
-    if (mode == FenChart::lineGradient && !bar) {
+    bool const gradient = mode == FenChart::lineGradient && !variable.colors.get().isEmpty();
+    if (gradient && !bar) {
         drawGradient(cache, variable.colors.get(),
                      {box.left, middle - 0.5f * width, box.right, middle + 0.5f * width});
         return;
     }
     AttribScope const attributes(GL_ENABLE_BIT | GL_LINE_BIT);
-    glColor(variable.lineColor.get());
+    glColor(gradient ? variable.colors.get().last() : variable.lineColor.get());
     lineWidth(width);
     if (variable.lineStyle.get() != QLatin1String("solid")) {
         glEnable(GL_LINE_STIPPLE);

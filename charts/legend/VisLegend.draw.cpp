@@ -57,6 +57,13 @@ QSize rampSize(Kes::Math::NiceIntervals const& intervals, FenOglText const& text
     return QSize(rampWidth + 2 * rampGap + widest, (rampLines + 1) * text.height());
 }
 
+/// True for a box that does not fit into the data rectangle or takes more than half of it.
+bool hidesTooMuch(QSize const& box, FenOglViewport const& area)
+{
+    if (box.width() > area.width() || box.height() > area.height()) return true;
+    return 2.0 * box.width() * box.height() > double(area.width()) * area.height();
+}
+
 /// Ramp from the lowest colour at the bottom to the highest, with every n-th value beside it.
 void drawRamp(FenOglCache& cache, FenOglText& text, FenChartVariable const& variable,
               Kes::Math::NiceIntervals const& intervals, QRect const& area)
@@ -141,7 +148,10 @@ fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, FenOglViewport cons
     auto layout = vertical ? fen::layoutVertical(sizes, metrics, viewport.size())
                            : fen::layoutHorizontal(sizes, metrics, viewport.size());
     text.clear();
-    return layout;
+    // Ramps that would hide the chart are left out; the samples show the colours too.
+    bool const expanded = std::any_of(sizes.begin(), sizes.end(),
+                                      [](fen::LegendEntrySize const& size) { return !size.ramp.isEmpty(); });
+    return expanded && hidesTooMuch(layout.box, viewport) ? sizeLegend(text, viewport, false) : layout;
 }
 
 void FenVisLegend::draw2d(DrawContext const& context) const

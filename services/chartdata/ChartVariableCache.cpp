@@ -44,7 +44,7 @@ double FenChartVariableCache::value(Comp comp, std::size_t i) const
     return comp == Vector3::CompX ? x(i) : comp == Vector3::CompY ? y(i) : z(i);
 }
 
-/// Through the blocks of the columns, unless a gap in x or z may take the extremes of another column away.
+/// Through the blocks of the columns, unless a gap may take the extremes of another column away.
 void FenChartVariableCache::findRanges()
 {
     if (!_columns[1]) return;
@@ -55,12 +55,18 @@ void FenChartVariableCache::findRanges()
         if (column) common = std::min(common, column->size());
     FenChartColumn::Range const y = _columns[1]->range(0, common);
     if (!y.any) return;
+    // Where x ascends only gaps at the ends of y matter.
+    bool const ascends = !_columns[0] || _columns[0]->ascending();
+    if (y.gap && (!ascends || _columns[2])) return findRangesPointwise();
+    std::size_t first = 0;
+    while (!std::isfinite(_columns[1]->value(first))) ++first;
+    while (!std::isfinite(_columns[1]->value(common - 1))) --common;
     _range[1] = {y.min, y.max};
-    _range[0] = {0.0, double(common - 1)};
+    _range[0] = {double(first), double(common - 1)};
     _range[2] = {0.0, 0.0};
     for (std::size_t const i : {0U, 2U}) {
         if (!_columns[i]) continue;
-        FenChartColumn::Range const r = _columns[i]->range(0, common);
+        FenChartColumn::Range const r = _columns[i]->range(first, common);
         _range[i] = {r.min, r.max};
     }
 }

@@ -41,8 +41,8 @@ public:
     FenChartColumn::Ptr const& zColumn() const { return _columns[2]; }
     FenChartColumn::Ptr const& column(Comp comp) const { return _columns[comp]; }
 
-    /// Range of the finite coordinates of the points that are defined in x and y, in double. Empty for
-    /// all components when there is no such point.
+    /// Range of the points whose coordinates are all finite, in double. Empty for all components when
+    /// there is no such point.
     FenChartRange const& range(Comp comp) const { return _range[comp]; }
     /// The same for coordinates above 0 only, as a logarithmic axis needs it.
     FenChartRange positiveRange(Comp comp) const;

@@ -59,7 +59,8 @@ TEST_F(VisList, MakesTheTypesOfItsTableNamesUnnamedNodesAndGivesOnlyNodes)
     list->insert(plain, false);
     EXPECT_EQ(nullptr, list->back());
     EXPECT_EQ(nullptr, list->at(999u));
-    EXPECT_EQ(&add(""), (*list)["node"]);
+    RecordingNode& unnamed = add("");
+    EXPECT_EQ(&unnamed, (*list)["node"]);
     RecordingNode second(group);
     EXPECT_FALSE(list->insert(&second, true)); // "node" is taken
     LogCapture errors;

@@ -2,7 +2,6 @@
 
 #include "charts/chart2d/VisChart2D.h"
 #include "host/headless/OffscreenContext.h"
-#include "picking/hits/VisHitRecordQuery.h"
 #include "services/chartdata/ChartAxis.h"
 #include "tests/host/ProbeNode.h"
 #include "tests/support/OffscreenGlTest.h"
@@ -54,24 +53,6 @@ TEST_F(SceneGlTest, DrawsOnItsBackgroundAndLeavesAllStateAsItWas)
     EXPECT_GT(picture().count(Qt::red), 300);
 }
 
-TEST_F(SceneGlTest, WhatIsDrawnCanBePicked)
-{
-    FenVisScene scene;
-    FenVisChart2D& plot = addChart(scene);
-    Picture const drawn = draw(scene);
-    QPoint red(-1, -1);
-    for (int x = 100; x < 300 && red.x() < 0; ++x)
-        for (int y = 50; y < 250; ++y)
-            if (drawn.is(x, y, Qt::red)) red = QPoint(x, y);
-    ASSERT_GT(red.x(), 0);
-    FenVisHitRecordList const hits = scene.select(QPoint(red.x(), 299 - red.y()), QSize(3, 3));
-    ASSERT_TRUE(FenVisHitRecordQuery::any(hits));
-    FenVisualization const* source = nullptr;
-    FenVisHitRecord const top = FenVisHitRecordQuery::top(hits, nullptr, &source);
-    EXPECT_EQ(&plot, source);
-    EXPECT_TRUE(plot.hitProperty(top.context()).isPropertyEqual(&plot.chart.variables[0]));
-}
-
 TEST_F(SceneGlTest, NothingIsDoneForAnUnchangedScene)
 {
     FenVisScene scene;
@@ -115,21 +96,6 @@ TEST_F(SceneGlTest, AnotherContextDrawsTheSamePicture)
     context().makeCurrent();
     clear();
     EXPECT_EQ(0, first.differingPixels(draw(scene)));
-}
-
-TEST_F(SceneGlTest, TwiceTheDevicePixelsGiveTheSameLayout)
-{
-    FenVisScene scene;
-    FenVisChart2D& plot = addChart(scene);
-    QRect const once = draw(scene).boundingBox();
-    FenOglViewport const data = plot.getDataViewport();
-    resizePicture(800, 600);
-    QRect const twice = draw(scene, QSize(400, 300), 2).boundingBox();
-    EXPECT_EQ(data, plot.getDataViewport());
-    EXPECT_NEAR(2 * once.left(), twice.left(), 2);
-    EXPECT_NEAR(2 * once.width(), twice.width(), 3);
-    EXPECT_NEAR(2 * once.height(), twice.height(), 3);
-    EXPECT_TRUE(FenVisHitRecordQuery::any(scene.select(QPoint(399, 299), QSize(1, 1))));
 }
 
 TEST_F(SceneGlTest, SizesAndContextsMayBeMissing)

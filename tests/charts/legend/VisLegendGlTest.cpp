@@ -160,9 +160,10 @@ TEST_F(VisLegendGlTest, IsDraggedInsideTheDataRectangleAndKeepsItsPlace)
 
     Pick const again = pick(entry(0));
     again.handler->OnMouseDrag(again.record, QPoint(100000, -100000));
+    EXPECT_TRUE(again.handler->OnMouseRelease(again.record)); // before it was drawn there
+    EXPECT_DOUBLE_EQ(0, legend->legend.viewport.x.get());
     draw();
     EXPECT_EQ(0, legend->box().x());
-    EXPECT_TRUE(again.handler->OnMouseRelease(again.record));
     EXPECT_FALSE(again.handler->OnMouseRelease(again.record)); // nothing was dragged
 }
 
@@ -176,4 +177,9 @@ TEST_F(VisLegendGlTest, ShowsTheValuesOfAGradientBesideItsColours)
     picture.save("legend-ramp");
     EXPECT_GT(legend->entryRectangle(0).height(), 4 * plain);
     EXPECT_GT(picture.count(Qt::magenta, 8), 10);
+
+    scene->resize(QSize(160, 130));
+    scene->update();
+    scene->draw();
+    EXPECT_EQ(plain, legend->entryRectangle(0).height()) << "a small chart is not hidden";
 }

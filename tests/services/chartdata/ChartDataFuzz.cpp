@@ -1,6 +1,7 @@
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartUpdateVariableUnits.h"
 #include "services/chartdata/ChartValidVariableList.h"
+#include "services/properties/ModifiedWatcher.h"
 #include "tests/services/chartdata/ChartDataBuilder.h"
 #include "tests/support/LogCapture.h"
 
@@ -102,6 +103,20 @@ void expectSound(FenChartAxisScale const* scale)
     EXPECT_NEAR(mapping.chart(scale->max()), 1.0, 1e-6);
 }
 
+/// Ranges cover the points whose coordinates are all finite, and nothing else.
+void expectRangesOfDefinedPoints(FenChartVariableCache const& cache)
+{
+    FenChartRange x, y;
+    if (cache.empty()) return; // nothing to draw, or of an axis that is not there
+    for (std::size_t i = 0; i < cache.count(); ++i) {
+        if (!std::isfinite(cache.x(i)) || !std::isfinite(cache.y(i)) || !std::isfinite(cache.z(i))) continue;
+        x.insert(cache.x(i));
+        y.insert(cache.y(i));
+    }
+    EXPECT_EQ(cache.range(Vector3::CompX), x);
+    EXPECT_EQ(cache.range(Vector3::CompY), y);
+}
+
 } // namespace
 
 TEST(ChartDataFuzz, AnyDataAndAnySettingsGiveSoundScales)
@@ -114,6 +129,8 @@ TEST(ChartDataFuzz, AnyDataAndAnySettingsGiveSoundScales)
         FenModifiedGroup group;
         FenChart2D chart(group);
         build(chart, chance);
+        FenModifiedWatcher const watcher(&chart);
+        watcher.reset();
         auto const shown = FenChartUpdateVariableUnits(chart.unitSystem, chart.xAxes, chart.yAxes,
                                                        chart.zAxes, chart.variables)();
         FenChartVariableListCache const cache(shown, chart.xAxes.names());
@@ -124,12 +141,19 @@ TEST(ChartDataFuzz, AnyDataAndAnySettingsGiveSoundScales)
             expectSound(scales->first());
             expectSound(scales->second());
         }
+        if (FenChartAxisScale const* const scale = y.first()) {
+            // Divisions change ticks only.
+            FenChartAxisPairScale const again(chart.yAxes, cache);
+            EXPECT_EQ(scale->min(), again.first()->min());
+            EXPECT_EQ(scale->max(), again.first()->max());
+        }
         FenChartPerVariableScaling const scaling(x, y, cache);
         FenChartValidVariableList valid;
         for (unsigned i = 0; i < scaling.size(); ++i) {
             FenChartVariableCache const& variable = scaling.variable(i);
             Kes::Math::BoundingBox const box = variable.boundingBox();
             EXPECT_EQ(box.defined(), !variable.empty());
+            expectRangesOfDefinedPoints(variable);
             if (box.defined()) {
                 EXPECT_TRUE(std::isfinite(box.min().y()) && std::isfinite(box.max().y()));
             }
@@ -143,5 +167,6 @@ TEST(ChartDataFuzz, AnyDataAndAnySettingsGiveSoundScales)
             valid.push_back(variable);
             EXPECT_TRUE(std::isfinite(valid.fillBaseLine(i)));
         }
+        EXPECT_FALSE(watcher.modified());
     }
 }

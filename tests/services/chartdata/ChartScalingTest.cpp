@@ -58,6 +58,10 @@ TEST(ChartPerVariableScaling, ResolvesTheAxesThatVariablesName)
     EXPECT_FALSE(scaling.valid(3));
     EXPECT_EQ(scaling.variable(2).variable().name(), "lost");
     EXPECT_TRUE(scaling.variable(3).empty());
+    builder.chart.xAxes.setFirst("x", FenChartAxisDiscrete::typeString);
+    EXPECT_TRUE(builder.scaling().isAxisDiscrete(Vector3::CompX, 0));
+    EXPECT_FALSE(builder.scaling().isAxisDiscrete(Vector3::CompY, 0));
+    EXPECT_DOUBLE_EQ(builder.scaling().mapping(0, Vector3::CompX).chart(1), 0.5);
     builder.chart.yAxes.setFirst("", "");
     EXPECT_FALSE(builder.scaling().valid(0)) << "a pair without axes";
 }
@@ -90,16 +94,6 @@ TEST(ChartPerVariableScaling, MatricesOfALogarithmicAxisTakeLogarithms)
     EXPECT_NEAR((scaling.matrix(0) * Vector3(0, 1, 0)).y(), scaling.mapping(0, Vector3::CompY).chart(10),
                 1e-6);
     EXPECT_TRUE(scaling.mapping(0, Vector3::CompY).logarithmic);
-}
-
-TEST(ChartPerVariableScaling, TellsDiscreteAxes)
-{
-    ChartDataBuilder const builder({1, 2}, FenChartAxisDiscrete::typeString);
-    FenChartPerVariableScaling const scaling = builder.scaling();
-    EXPECT_TRUE(scaling.isAxisDiscrete(Vector3::CompX, 0));
-    EXPECT_FALSE(scaling.isAxisDiscrete(Vector3::CompY, 0));
-    EXPECT_FALSE(scaling.isAxisDiscrete(Vector3::CompX, 1));
-    EXPECT_DOUBLE_EQ(scaling.mapping(0, Vector3::CompX).chart(1), 0.5);
 }
 
 TEST(ChartPerVariableScaling, GradientsSpanTheValuesAndFillsEndAtZeroOrTheNearestEnd)

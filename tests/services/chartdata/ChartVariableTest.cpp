@@ -18,52 +18,6 @@ constexpr double infinity = ChartDataBuilder::infinity;
 
 } // namespace
 
-TEST(ChartVariable, KeysHaveTheirDefaults)
-{
-    FenModifiedGroup group;
-    FenChartVariable const variable(group);
-    char const* const rows[][2] = {
-        {"label", ""},
-        {"visible", "true"},
-        {"legend", "true"},
-        {"labels", "[]"},
-        {"xAxis", ""},
-        {"yAxis", ""},
-        {"zAxis", ""},
-        {"unitX", ""},
-        {"unitY", ""},
-        {"unitZ", ""},
-        {"style", "line"},
-        {"lineMode", "solid"},
-        {"lineStyle", "solid"},
-        {"lineWidth", "1"},
-        {"lineSmooth", "false"},
-        {"lineColor", "#ff000000"},
-        {"lineExtension", "false"},
-        {"fillMode", "none"},
-        {"fillColor", "#00000000"},
-        {"backColor", "#00000000"},
-        {"fillPattern", "sparse"},
-        {"colors", "[]"},
-        {"symbol", "none"},
-        {"symbolSize", "5"},
-        {"symbolColor", "#ff000000"},
-        {"symbolOutlineColor", "#ff000000"},
-        {"labelColor", "#ff000000"},
-        {"barWidth", "1"},
-        {"surface", "false"},
-        {"filter", "false"},
-        {"filterRangeMin", "0"},
-        {"filterRangeMax", "0"},
-        {"displayFactor", "1"},
-        {"ring", "0"},
-    };
-    for (auto const& row : rows) {
-        EXPECT_TRUE(variable.string().defined(row[0])) << row[0];
-        EXPECT_EQ(variable.getString(row[0], "?"), row[1]) << row[0];
-    }
-}
-
 TEST(ChartVariable, SettingDataIsAModificationAndKeepsTheNumbers)
 {
     FenModifiedGroup group;
@@ -143,30 +97,6 @@ TEST(ChartVariable, MissingAndShortColumnsFollowTheRulesInIteratorAndCache)
             }
             EXPECT_EQ(i, row.count);
         }
-    }
-}
-
-TEST(ChartVariableCache, RangesCoverTheDefinedPointsOnly)
-{
-    struct {
-        std::vector<double> x, y;
-        FenChartRange xRange, yRange;
-    } const rows[] = {
-        {{}, {3, 1, 2}, {0, 2}, {1, 3}},
-        {{4, 5, 6}, {3, notANumber, 2}, {4, 6}, {2, 3}},
-        {{4, notANumber, 6}, {3, 99, 2}, {4, 6}, {2, 3}}, // 99 has no place
-        {{4, 5}, {3, 2, 99}, {4, 5}, {2, 3}},
-        {{4, 5, 99}, {3, 2}, {4, 5}, {2, 3}},
-        {{4, 5}, {notANumber, infinity}, {}, {}},
-        {{notANumber}, {1}, {}, {}},
-    };
-    for (auto const& row : rows) {
-        ChartDataBuilder builder;
-        FenChartVariableCache const cache(builder.add("v", row.y, row.x));
-        EXPECT_EQ(cache.range(Vector3::CompX), row.xRange);
-        EXPECT_EQ(cache.range(Vector3::CompY), row.yRange);
-        EXPECT_EQ(cache.empty(), !row.yRange.defined());
-        EXPECT_EQ(cache.boundingBox().defined(), row.yRange.defined());
     }
 }
 

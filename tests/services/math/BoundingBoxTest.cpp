@@ -11,38 +11,29 @@ using namespace Kes::Math;
 TEST(BoundingBox, GrowsFromNothing)
 {
     BoundingBox box;
-    EXPECT_FALSE(box.defined());
     box.insert(NAN, 0, 0);
     box.insert(BoundingBox());
     EXPECT_FALSE(box.defined());
-
     box.insert(1, 2, 3);
     EXPECT_EQ(BoundingBox(Vector3(1, 2, 3), Vector3(1, 2, 3)), box);
     box.insert(0, 5, NAN);
-    box.insert(0, 5, 3);
     box += BoundingBox(Vector3(-1, 4, 4), Vector3(0, 6, 9));
     box += BoundingBox();
     EXPECT_EQ(BoundingBox(Vector3(-1, 2, 3), Vector3(1, 6, 9)), box);
-
     box.reset();
     EXPECT_EQ(BoundingBox(), box);
     box.defined() = true;
     EXPECT_EQ(BoundingBox(Vector0, Vector0), box);
 }
 
-TEST(BoundingBox, ScalesAndTransforms)
+TEST(BoundingBox, ScalesTransformsAndPrintsItself)
 {
     BoundingBox const box(Vector3(1, 2, 3), Vector3(2, 4, 6));
     EXPECT_EQ(BoundingBox(Vector3(-4, 2, 0), Vector3(-2, 4, 0)), box.scale(Vector3(-2, 1, 0)));
     EXPECT_EQ(BoundingBox(Vector3(-4, 1, 3), Vector3(-2, 2, 6)), box * Matrix::rotate(VectorZ, 90));
-    EXPECT_FALSE((BoundingBox() * Matrix::rotate(VectorZ, 90)).defined());
-    EXPECT_FALSE(BoundingBox().scale(Vector1).defined());
+    EXPECT_FALSE((BoundingBox() * Matrix::rotate(VectorZ, 90)).defined()
+                 || BoundingBox().scale(Vector1).defined());
     EXPECT_EQ(Vector3(1.5f, 3, 4.5f), box.center());
-    EXPECT_EQ(Vector3(1, 2, 3), box.extent());
-}
-
-TEST(BoundingBox, PrintsItself)
-{
     std::ostringstream out;
     out << Vector3(0.5f, -1, 2e6f) << ' ' << BoundingBox(Vector0, Vector1) << ' ' << BoundingBox();
     EXPECT_EQ("(0.5, -1, 2e+06) (0, 0, 0) - (1, 1, 1) undefined", out.str());

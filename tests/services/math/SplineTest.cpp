@@ -33,28 +33,18 @@ TEST(Spline, RunsThroughItsPointsAndAlongTheKnownCurve)
     EXPECT_EQ(13u, spline(data, 0.3f).size()); // at 0.3, 0.6 and 0.9
 }
 
-TEST(Spline, LeavesAloneWhatHasNoCurve)
+TEST(Spline, LeavesAloneWhatHasNoCurveAndIsPartedByGaps)
 {
     Points const data{{0, 0}, {1, 1}, {2, 0}};
     for (float const step : {1.0f, 0.0f, -1.0f, NAN, INFINITY, 2.0f}) EXPECT_EQ(data, spline(data, step));
-    EXPECT_EQ(Points(), spline({}, 0.1f));
-    EXPECT_EQ(Points({{1, 2}}), spline({{1, 2}}, 0.1f));
-    EXPECT_EQ(Points({{1, 2}, {3, 4}}), spline({{1, 2}, {3, 4}}, 0.1f));
+    for (Points const& few : {Points(), Points{{1, 2}}, Points{{1, 2}, {3, 4}}})
+        EXPECT_EQ(few, spline(few, 0.1f));
     EXPECT_EQ(Points({{1, 2}}), spline({{1, 2}, {1, 2}, {1, 2}}, 0.1f));
     EXPECT_LE(spline(data, 1e-30f).size(), 2001u);
-}
-
-TEST(Spline, EqualNeighboursMakeNoLoop)
-{
-    EXPECT_EQ(spline({{0, 0}, {1, 1}, {2, 0}}, 0.1f), spline({{0, 0}, {1, 1}, {1, 1}, {2, 0}}, 0.1f));
-}
-
-TEST(Spline, GapsPartTheCurve)
-{
-    Points const part = spline({{0, 0}, {1, 1}, {2, 0}}, 0.5f);
+    Points const part = spline(data, 0.5f);
+    EXPECT_EQ(part, spline({{0, 0}, {1, 1}, {1, 1}, {2, 0}}, 0.5f)); // equal neighbours make no loop
     Points const all = spline({{0, 0}, {1, 1}, {2, 0}, {3, NAN}, {0, 0}, {1, 1}, {2, 0}}, 0.5f);
     ASSERT_EQ(2 * part.size() + 1, all.size());
-    EXPECT_TRUE(std::isnan(all[part.size()].y()));
     EXPECT_TRUE(std::equal(part.begin(), part.end(), all.begin()));
     EXPECT_TRUE(std::equal(part.rbegin(), part.rend(), all.rbegin()));
 }
@@ -63,7 +53,7 @@ TEST(Spline, NeverRunsBackOverAscendingData)
 {
     std::mt19937 random(4);
     std::exponential_distribution<float> gap(1);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 100; ++round) {
         Points data{{0, 0}};
         for (int i = 0; i < 30; ++i) {
             float const step = std::pow(gap(random), 4.0f);
