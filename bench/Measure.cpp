@@ -25,12 +25,6 @@ double uniform(uint64_t i)
     return double(z >> 11) * 0x1.0p-53;
 }
 
-double wallMs()
-{
-    using namespace std::chrono;
-    return duration<double, std::milli>(steady_clock::now().time_since_epoch()).count();
-}
-
 double processorMs()
 {
     timespec now{};
@@ -51,15 +45,36 @@ long statusField(std::string const& key)
 
 double calibrate()
 {
-    double const start = wallMs();
+    double const start = now();
     uint64_t z = 1;
     for (int i = 0; i < 2000000; ++i) z = (z ^ (z >> 27)) * 0x94D049BB133111EBull + 1;
     uint64_t volatile sink = z;
     (void)sink;
-    return wallMs() - start;
+    return now() - start;
+}
+
+int repetitions()
+{
+    char const* const text = std::getenv("BENCH_REPS");
+    return text ? std::max(1, std::atoi(text)) : 5;
+}
+
+void summarize(std::vector<double> wall, Times& times)
+{
+    std::sort(wall.begin(), wall.end());
+    times.min = wall.front();
+    times.median = wall[wall.size() / 2];
+    times.max = wall.back();
+    times.repetitions = int(wall.size());
 }
 
 } // namespace
+
+double now()
+{
+    using namespace std::chrono;
+    return duration<double, std::milli>(steady_clock::now().time_since_epoch()).count();
+}
 
 Walk::Walk(size_t count, unsigned long long seed)
 {
@@ -89,31 +104,38 @@ Cloud::Cloud(size_t count)
 
 Times measure(std::function<void()> const& work, double per)
 {
-    char const* const text = std::getenv("BENCH_REPS");
-    int const repetitions = text ? std::max(1, std::atoi(text)) : 5;
     Times times;
-    double const first = wallMs();
+    double const first = now();
     work();
-    times.cold = (wallMs() - first) / per;
+    times.cold = (now() - first) / per;
 
     double const before = calibrate();
     std::vector<double> wall;
     std::vector<double> processor;
-    for (int i = 0; i < repetitions; ++i) {
-        double const start = wallMs();
+    for (int i = 0; i < repetitions(); ++i) {
+        double const start = now();
         double const used = processorMs();
         work();
         processor.push_back((processorMs() - used) / per);
-        wall.push_back((wallMs() - start) / per);
+        wall.push_back((now() - start) / per);
     }
     times.calibration = 0.5 * (before + calibrate());
-    std::sort(wall.begin(), wall.end());
     std::sort(processor.begin(), processor.end());
-    times.min = wall.front();
-    times.median = wall[wall.size() / 2];
-    times.max = wall.back();
     times.cpu = processor[processor.size() / 2];
-    times.repetitions = repetitions;
+    summarize(std::move(wall), times);
+    return times;
+}
+
+Times measurePart(std::function<double()> const& work)
+{
+    Times times;
+    times.cold = work();
+    double const before = calibrate();
+    std::vector<double> wall;
+    for (int i = 0; i < repetitions(); ++i) wall.push_back(work());
+    times.calibration = 0.5 * (before + calibrate());
+    summarize(std::move(wall), times);
+    times.cpu = times.median;
     return times;
 }
 

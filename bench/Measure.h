@@ -41,6 +41,13 @@ struct Cloud {
 /// @param per  how many operations one call of `work` makes; times are per operation
 Times measure(std::function<void()> const& work, double per = 1);
 
+/// The same for work that needs preparations which do not count.
+/// @param work  returns the milliseconds that count
+Times measurePart(std::function<double()> const& work);
+
+/// [ms] since some moment.
+double now();
+
 /// Remembers the memory in use as what the data alone costs.
 void rememberDataSize();
 
