@@ -161,7 +161,7 @@ void FenVisAxesXY::drawLabels(FenOglText& text, Placed const& axis, std::vector<
     int const shift = labelShift(axis.scale, points, length);
     int const chartWidth = glGetViewport().width();
     text.setColor(axis.axis.labelColor.get());
-    int end = 0; // [px] what the labels so far have taken of the row
+    int taken = 0; // [half px] what the labels so far have taken of the row; halves as widths may be odd
     for (std::size_t i = 0; i < points.size(); i += stride) {
         QString const label = fen::elided(text, axis.scale.label(unsigned(i)), AxisMetrics::labelMaximum);
         if (label.isEmpty()) continue;
@@ -177,12 +177,13 @@ void FenVisAxesXY::drawLabels(FenOglText& text, Placed const& axis, std::vector<
             continue;
         }
         // The first and the last label may be moved a little so that they stay in the chart.
-        int const half = (text.size(label).width() + 1) / 2 + AxisMetrics::rim;
+        int const width = text.size(label).width();
+        int const half = (width + 1) / 2 + AxisMetrics::rim;
         int const inside = std::clamp(p, std::min(half, p + AxisMetrics::labelShift),
                                       std::max(chartWidth - half, p - AxisMetrics::labelShift));
-        if (inside < half || inside > chartWidth - half || inside - half < end) continue;
+        if (inside < half || inside > chartWidth - half || 2 * inside - width < taken) continue;
         p = inside;
-        end = p + half + AxisMetrics::labelSpace - 2 * AxisMetrics::rim;
+        taken = 2 * p + width + 2 * AxisMetrics::labelSpace;
         text.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         bool const bottom = axis.side == Bottom;
         text.draw(QPoint(p, bottom ? data.y() - distance : data.y() + data.height() + distance), label);

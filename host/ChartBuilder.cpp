@@ -125,8 +125,10 @@ private:
 
         bool const bars = _options.style == FenChart::styleBar;
         variable.fillMode.set(_options.fill.value_or(bars ? FenChart::fillSolid : FenChart::fillNone));
-        bool const filledBars = bars && variable.fillMode.get() != FenChart::fillNone;
-        variable.lineMode.set(noLine || filledBars ? FenChart::lineNone : FenChart::lineSolid);
+        // Bars that their fill shows well need no outline, which would join neighbours.
+        QString const fill = variable.fillMode.get();
+        bool const plainBars = bars && (fill == FenChart::fillSolid || fill == FenChart::fillGradient);
+        variable.lineMode.set(noLine || plainBars ? FenChart::lineNone : FenChart::lineSolid);
         variable.symbol.set(
             _options.symbol.value_or(_table.rows() == 1 ? FenChart::symbolEllipse : FenChart::symbolNone));
         variable.lineStyle.set(_options.lineStyle);

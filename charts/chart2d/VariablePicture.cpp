@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <utility>
 
 using Kes::Math::Vector2;
 using Kes::Math::Vector3;
@@ -43,11 +44,12 @@ std::vector<BarSlot> barSlots(FenChartPerVariableScaling const& scaling,
         unsigned count = 0;
         double distance = 0;
     };
+    // By range, as a variable may name its axis or leave it open; axes of one range have room for one group.
     auto const key = [&](unsigned i) {
         FenChartAxisMapping const m = scaling.mapping(i, Vector3::CompX);
-        return scaling.variable(i).variable().xAxis.get() + QString::number(m.min) + QString::number(m.max);
+        return std::pair(m.min, m.max);
     };
-    std::map<QString, Group> groups;
+    std::map<std::pair<double, double>, Group> groups;
     std::vector<BarSlot> slots(all.size());
     for (unsigned i = 0; i < all.size(); ++i) {
         if (!all[i].drawn || !all[i].style.bars) continue;
@@ -99,9 +101,13 @@ void makeBarShapes(VariablePicture& picture, double width, double base)
         Vector2 const corners[] = {Vector2(bar.left, bar.base), Vector2(bar.right, bar.base),
                                    Vector2(bar.right, bar.top), Vector2(bar.left, bar.top)};
         if (filled) picture.barArea.insert(picture.barArea.end(), std::begin(corners), std::end(corners));
-        if (filled && bar.right - bar.left < narrowest) continue;
         // Lines of odd width run through pixel centres; bars that touch share one.
         Vector2 const center(0.5f, 0.5f);
+        if (filled && bar.right - bar.left < narrowest) {
+            picture.narrowBars.spans.push_back(corners[0] + center);
+            picture.narrowBars.spans.push_back(corners[3] + center);
+            continue;
+        }
         Strips& line = picture.line;
         line.pieces.push_back({line.points.size(), 5});
         for (int k = 0; k < 5; ++k) line.points.push_back(corners[k % 4] + center);

@@ -29,6 +29,7 @@ struct VariablePicture {
     std::vector<Bar> bars;
     std::vector<Kes::Math::Vector2> barArea; ///< corners of quads
     std::vector<Kes::Math::Vector2> barRamp;
+    Strips narrowBars; ///< middles of the bars that have no outline; they glow in its place
     Strips extensions; ///< from the ends of the curve to the ends of the axis
     StripIndex extensionIndex;
     FenOglSymbolBatch symbols;

@@ -120,10 +120,11 @@ void FenVisChart2D::drawCurve(Pass const& pass, unsigned index, Highlight const&
 {
     VariablePicture const& picture = _pictures->variables[index];
     if (!pass.select) {
-        if (highlight.whole() && picture.style.curveVisible())
-            fen::drawGlow(pass.context.geometry, picture.line, picture.style.stroke.color,
-                          picture.style.stroke.width);
         drawLineExtensions(index);
+        if (highlight.whole() && picture.style.curveVisible())
+            for (fen::Strips const* glowing : {&picture.line, &picture.narrowBars})
+                fen::drawGlow(pass.context.geometry, *glowing, picture.style.stroke.color,
+                              picture.style.stroke.width);
         drawShapes(picture, pass.context.cache);
         return;
     }

@@ -90,6 +90,7 @@ private:
     void updateLogarithmic(unsigned divisions, Kes::Math::NumberFormat const& numberFormat);
     void updateDate(unsigned divisions);
     void updateDiscrete(unsigned divisions);
+    void matchNotation();
     void addTick(double value, QString const& label);
 
     fen::view_ptr<FenChartAxis const> _axis;

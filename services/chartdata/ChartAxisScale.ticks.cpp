@@ -38,6 +38,32 @@ QString shortExponent(std::string const& text)
     return QString::fromStdString(text.substr(0, e + 1) + (negative ? "-" : "") + text.substr(digits));
 }
 
+/// "5e5" for "500000", "1.2e-3" for "0.0012"; a zero and what has an exponent stay as they are.
+QString withExponent(QString const& text)
+{
+    if (text.contains(u'e', Qt::CaseInsensitive)) return text;
+    QString digits;
+    QChar point = u'.';
+    qsizetype whole = -1; // digits before the point
+    for (QChar const c : text) {
+        if (c.isDigit()) {
+            digits += c;
+        } else if (c != u'-') {
+            point = c;
+            whole = digits.size();
+        }
+    }
+    if (whole < 0) whole = digits.size();
+    qsizetype first = 0;
+    while (first < digits.size() && digits[first] == u'0') ++first;
+    if (first == digits.size()) return text;
+    while (digits.back() == u'0') digits.chop(1);
+    QString mantissa = digits.mid(first, 1);
+    if (first + 1 < digits.size()) mantissa += point + digits.mid(first + 1);
+    QString const sign = text.startsWith(u'-') ? QStringLiteral("-") : QString();
+    return sign + mantissa + u'e' + QString::number(whole - first - 1);
+}
+
 /// Values 1 (or 1, 2 and 5) times those powers of ten whose exponent is a multiple of `stride`.
 std::vector<double> decadeValues(double min, double max, bool between, int stride)
 {
@@ -78,6 +104,16 @@ void FenChartAxisScale::addTick(double value, QString const& label)
     if (std::isfinite(position)) _ticks.push_back({std::clamp(position, 0.0, 1.0), label});
 }
 
+/// One way of writing for the whole axis: all labels have an exponent when one needs it.
+void FenChartAxisScale::matchNotation()
+{
+    auto const needsExponent = [](Tick const& tick) {
+        return tick.label.contains(u'e', Qt::CaseInsensitive);
+    };
+    if (std::none_of(_ticks.begin(), _ticks.end(), needsExponent)) return;
+    for (Tick& tick : _ticks) tick.label = withExponent(tick.label);
+}
+
 /// Values that are round in the unit of the labels; at least two where the step allows.
 void FenChartAxisScale::updateLinear(unsigned divisions, NumberFormat const& numberFormat)
 {
@@ -86,6 +122,7 @@ void FenChartAxisScale::updateLinear(unsigned divisions, NumberFormat const& num
     for (unsigned more = 1; nice.size() < 2 && more <= divisions + 2; ++more)
         nice = NiceIntervals(low, high, divisions + more, true, false, numberFormat);
     for (unsigned i = 0; i < nice.size(); ++i) addTick(nice.value(i) * _factor, shortExponent(nice.label(i)));
+    matchNotation();
 }
 
 /// Decades, with their 2 and 5 between them when there is room; every n-th decade when there are many;
@@ -101,6 +138,7 @@ void FenChartAxisScale::updateLogarithmic(unsigned divisions, NumberFormat const
             values = decadeValues(_min, _max, false, stride);
     }
     for (double const value : values) addTick(value, fen::tidyExponent(value / _factor));
+    matchNotation();
 }
 
 void FenChartAxisScale::updateDate(unsigned divisions)

@@ -5,41 +5,27 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 // A chart of 400 x 300 has a rim of 7 px; the margins of the axes follow inside it. Lines are 13 px high.
 
 TEST(VisAxesXY, GiveEachSideTheRoomOfItsLabelsAndTitle)
 {
-    struct Row {
-        char const* what;
-        std::function<void(FenChartAxisContinuous&)> set;
-        int margin;
+    typedef FenChartAxisContinuous Axis;
+    std::tuple<char const*, std::function<void(Axis&)>, int> const rows[] = {
+        {"labels", [](Axis&) {}, 13 + 7},
+        {"labels and title", [](Axis& a) { a.title.set("Title"); }, 13 + 7 + 40},
+        {"labels and unit", [](Axis& a) { a.unit.set("m"); }, 13 + 7 + 40},
+        {"transparent title keeps its room", [](Axis& a) { a.titleColor.set(Qt::transparent); }, 13 + 7 + 40},
+        {"not shown", [](Axis& a) { a.shown.set(false), a.title.set("Title"); }, 13},
+        {"date: no unit", [](Axis& a) { a.format.set("date"), a.unit.set("s"); }, 13 + 7},
     };
-    Row const rows[] = {
-        {"labels", [](FenChartAxisContinuous&) {}, 13 + 7},
-        {"labels and title", [](FenChartAxisContinuous& a) { a.title.set("Title"); }, 13 + 7 + 40},
-        {"labels and unit", [](FenChartAxisContinuous& a) { a.unit.set("m"); }, 13 + 7 + 40},
-        {"transparent title keeps its room",
-         [](FenChartAxisContinuous& a) { a.titleColor.set(Qt::transparent); }, 13 + 7 + 40},
-        {"not shown",
-         [](FenChartAxisContinuous& a) {
-             a.shown.set(false);
-             a.title.set("Title");
-         },
-         13},
-        {"date: no unit",
-         [](FenChartAxisContinuous& a) {
-             a.format.set("date");
-             a.unit.set("s");
-         },
-         13 + 7},
-    };
-    for (Row const& row : rows) {
+    for (auto const& [what, set, margin] : rows) {
         ChartScene scene;
         scene.line("a", {{0, 0}, {1, 1}});
-        row.set(scene.axis("x"));
+        set(scene.axis("x"));
         scene.update();
-        EXPECT_EQ(7 + row.margin, scene.data().y()) << row.what;
+        EXPECT_EQ(7 + margin, scene.data().y()) << what;
         EXPECT_EQ(300 - 7 - 13, scene.data().y() + scene.data().height()) << "no axis at the top";
     }
 }
@@ -56,8 +42,6 @@ TEST(VisAxesXY, ReserveTheWidestLabelAtTheSides)
     scene.range("y", 0, 1e-30);
     scene.update();
     EXPECT_GE(scene.data().x(), 7 + scene.text.size("1e-30").width() + 7 + 40);
-    scene.resize(QSize(100, 60));
-    EXPECT_FALSE(scene.data().valid()) << "no room left";
 }
 
 TEST(VisAxesXY, CutTextsThatAreTooLong)

@@ -61,12 +61,11 @@ public:
             auto const a = _extents.find(c), b = other._extents.find(c);
             bool const hasA = a != _extents.end(), hasB = b != other._extents.end();
             if (hasA != hasB) return "column " + std::to_string(c) + (hasA ? " is missing" : " is too much");
-            if (hasA
-                && (std::abs(a->second.first - b->second.first) > 1.01
-                    || std::abs(a->second.second - b->second.second) > 1.01))
-                return "column " + std::to_string(c) + ": " + std::to_string(a->second.first) + ".."
-                    + std::to_string(a->second.second) + " became " + std::to_string(b->second.first) + ".."
-                    + std::to_string(b->second.second);
+            if (!hasA) continue;
+            auto const& [low, high] = a->second;
+            auto const& [otherLow, otherHigh] = b->second;
+            if (std::abs(low - otherLow) > 1.01 || std::abs(high - otherHigh) > 1.01)
+                return "column " + std::to_string(c) + " has another extent";
         }
         return {};
     }
@@ -225,15 +224,6 @@ TEST(CurvePoints, AnAreaIsTheCurveAtPixelCentresAndEndsAtGaps)
     EXPECT_FLOAT_EQ(60.0f, area.points[area.pieces[1].first].x());
     for (Vector2 const& p : area.points)
         EXPECT_NEAR((std::sin(double(p.x()) * 0.1) * 0.9 + 1) * 40, double(p.y()), 0.01) << p.x();
-}
-
-TEST(CurvePoints, ABandHasAPairOfVerticesWhereTheCurveCrossesTheBase)
-{
-    Strips const curve{{{0, 10}, {10, 30}, {20, 30}}, {{0, 3}}, {}};
-    Strips const band = fen::areaBand(curve, 20);
-    std::vector<Vector2> const wanted{{0, 20},  {0, 10},  {5, 20},  {5, 20},
-                                      {10, 20}, {10, 30}, {20, 20}, {20, 30}};
-    EXPECT_EQ(wanted, band.points);
 }
 
 TEST(CurvePoints, NarrowBarsShowTheOneNextToEachPixelCentre)

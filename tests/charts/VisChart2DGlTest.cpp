@@ -67,47 +67,27 @@ TEST_F(VisChart2DGlTest, EachStyleDrawsWhatItsNameSays)
             v.colors.set({Qt::red, Qt::blue});
         };
     };
+    auto const plain = [](FenChartVariable&) {};
+    auto const solid = fill(FenChart::fillSolid), ramp = fill(FenChart::fillGradient);
+    auto const narrow = [&](FenChartVariable& v) { solid(v), v.barWidth.set(0.25); };
+    auto const symbols = [](FenChartVariable& v) {
+        v.lineMode.set(FenChart::lineNone);
+        v.symbol.set(FenChart::symbolRect);
+        v.symbolSize.set(9);
+        v.symbolColor.set(Qt::blue);
+    };
     Row const rows[] = {
-        {"line",
-         FenChart::styleLine,
-         [](FenChartVariable&) {},
-         {{3, 0.5, blue}, {3, 2, white}, {7, -1.5, blue}}},
-        {"step",
-         FenChart::styleStep,
-         [](FenChartVariable&) {},
-         {{3, 2, blue}, {3, 0.5, white}, {7, -1, blue}, {5, 0.5, blue}}},
-        {"spline", FenChart::styleSpline, [](FenChartVariable&) {}, {{5, -1, blue}, {5, 1, white}}},
-        {"filled line",
-         FenChart::styleLine,
-         fill(FenChart::fillSolid),
-         {{2, 0.5, blue}, {2, 2.4, white}, {8, -1, blue}, {8, 1, white}, {0.5, 1, white}}},
-        {"filled step", FenChart::styleStep, fill(FenChart::fillSolid), {{3, 1.8, blue}, {3, -0.5, white}}},
-        {"ramp",
-         FenChart::styleLine,
-         fill(FenChart::fillGradient),
-         {{1.1, 1.9, QColor(5, 0, 250)}, {9, -1.9, QColor(2, 0, 253)}}},
-        {"bars",
-         FenChart::styleBar,
-         fill(FenChart::fillSolid),
-         {{1, 1, blue}, {1, -0.5, white}, {5, -0.8, blue}, {5, 0.5, white}, {9, -1.8, blue}}},
-        {"narrow bars",
-         FenChart::styleBar,
-         [&](FenChartVariable& v) {
-             fill(FenChart::fillSolid)(v);
-             v.barWidth.set(0.25);
-         },
-         {{1, 1, blue}, {2, 1, white}, {1.3, 1, blue}}},
-        {"nothing", FenChart::styleNone, fill(FenChart::fillSolid), {{2, 0.5, white}}},
-        {"only symbols",
-         FenChart::styleLine,
-         [](FenChartVariable& v) {
-             v.lineMode.set(FenChart::lineNone);
-             v.symbol.set(FenChart::symbolRect);
-             v.symbolSize.set(9);
-             v.symbolColor.set(Qt::blue);
-         },
-         {{5, -1, blue}, {3, 0.5, white}}},
-        {"unknown", "sawtooth", [](FenChartVariable&) {}, {{3, 0.5, blue}}},
+        {"line", "line", plain, {{3, 0.5, blue}, {3, 2, white}, {7, -1.5, blue}}},
+        {"step", "step", plain, {{3, 2, blue}, {3, 0.5, white}, {7, -1, blue}, {5, 0.5, blue}}},
+        {"spline", "spline", plain, {{5, -1, blue}, {5, 1, white}}},
+        {"filled line", "line", solid, {{2, 0.5, blue}, {2, 2.4, white}, {8, -1, blue}, {8, 1, white}}},
+        {"filled step", "step", solid, {{3, 1.8, blue}, {3, -0.5, white}}},
+        {"ramp", "line", ramp, {{1.1, 1.9, QColor(5, 0, 250)}, {9, -1.9, QColor(2, 0, 253)}}},
+        {"bars", "bar", solid, {{1, 1, blue}, {1, -0.5, white}, {5, -0.8, blue}, {9, -1.8, blue}}},
+        {"narrow bars", "bar", narrow, {{1, 1, blue}, {2, 1, white}, {1.3, 1, blue}}},
+        {"nothing", "none", solid, {{2, 0.5, white}}},
+        {"only symbols", "line", symbols, {{5, -1, blue}, {3, 0.5, white}}},
+        {"unknown", "sawtooth", plain, {{3, 0.5, blue}}},
     };
     log.expect("sawtooth");
     for (Row const& row : rows) {
@@ -124,11 +104,11 @@ TEST_F(VisChart2DGlTest, EachStyleDrawsWhatItsNameSays)
             QColor const seen = at(drawn, p.x, p.y);
             int const off = std::abs(seen.red() - p.color.red()) + std::abs(seen.green() - p.color.green())
                 + std::abs(seen.blue() - p.color.blue());
-            bool const ramp = QLatin1String(row.what) == QLatin1String("ramp");
-            if (ramp && p.y < 0)
+            bool const fades = QLatin1String(row.what) == QLatin1String("ramp");
+            if (fades && p.y < 0)
                 EXPECT_GT(seen.red(), 230) << "low end of the ramp";
             else
-                EXPECT_LT(off, ramp ? 60 : 6)
+                EXPECT_LT(off, fades ? 60 : 6)
                     << row.what << " at " << p.x << ", " << p.y << ": " << seen.name().toStdString();
         }
     }
@@ -140,6 +120,7 @@ TEST_F(VisChart2DGlTest, BarsOfSeveralVariablesStandSideBySide)
     QColor const colors[] = {Qt::red, Qt::green, Qt::blue};
     for (int v = 0; v < 3; ++v)
         scene.bars(QString::number(v), {{0, 3}, {1, v == 1 ? -3.0 : 3.0}}).fillColor.set(colors[v]);
+    scene.chart->chart.variables[1].xAxis.set("x"); // which an empty name means too
     scene.range("y", -5, 5);
     Picture const drawn = updated();
     FenOglViewport const data = scene.data();
@@ -212,6 +193,16 @@ TEST_F(VisChart2DGlTest, AHighlightedVariableGlowsAndAHighlightedPointHasAHalo)
     EXPECT_FALSE(scene.leave());
     EXPECT_EQ(0, show().differingPixels(plain));
     EXPECT_TRUE(data.valid());
+}
+
+TEST_F(VisChart2DGlTest, NarrowBarsGlowThoughTheyHaveNoOutline)
+{
+    fixRanges();
+    FenChartVariable& a = scene.bars("a", {{2, 4}, {5, 4}});
+    a.barWidth.set(0.01);
+    Picture const plain = updated();
+    ASSERT_TRUE(scene.click(scene.pixelOf("a", 1) - QPoint(0, 20), 3));
+    EXPECT_GT(show().differingPixels(plain), 200);
 }
 
 TEST_F(VisChart2DGlTest, ExtensionsReachTheEndsOfTheAxis)

@@ -94,86 +94,44 @@ TEST_F(VisChart2DPickGlTest, TooltipsTellTheValuesUnderThePointer)
 {
     struct Row {
         char const* what;
-        std::function<void(ChartScene&)> make;
+        char const* style; // empty: marks
+        ChartScene::Points points;
         std::size_t point;
         QPoint off;
         QString text;
     };
-    Row const rows[] = {
-        {"point",
-         [](ChartScene& s) {
-             s.marks("a", {{1, 2}, {3, 4.5}});
-         },
-         1,
-         {},
-         "a { 3, 4.5 } "},
-        {"nearest of a curve",
-         [](ChartScene& s) {
-             s.line("a", {{0, 1}, {4, 1}, {8, 1}});
-         },
-         1,
-         {9, 0},
-         "a { 4, 1 } "},
-        {"held value",
-         [](ChartScene& s) {
-             s.line("a", {{0, 1}, {4, 3}, {8, 1}}).style.set(FenChart::styleStep);
-         },
-         1,
-         {130, 0},
-         "a { 4, 3 } "},
-        {"bar",
-         [](ChartScene& s) {
-             s.bars("a", {{0, 4}, {1, 2}});
-         },
-         0,
-         {20, -40},
-         "a { 0, 4 } "},
-        {"category",
-         [](ChartScene& s) {
-             s.categories({"Mon", "Tue"});
-             s.bars("a", {{0, 4}, {1, 2.5}});
-         },
-         1,
-         {0, -10},
-         "a { Tue, 2.5 } "},
-        {"category without a label",
-         [](ChartScene& s) {
-             s.categories({"Mon"});
-             s.marks("a", {{0, 4}, {1, 2.5}});
-         },
-         1,
-         {},
-         "a { 1, 2.5 } "},
-        {"day",
-         [](ChartScene& s) {
-             s.axis("x").format.set("date");
-             s.marks("a", {{86400, 1}, {172800, 2}});
-         },
-         1,
-         {},
-         "a { 1970-01-03, 2 } "},
-        {"moments close together",
-         [](ChartScene& s) {
-             s.axis("x").format.set("date");
-             s.marks("a", {{1700000000.25, 1}, {1700000000.5, 2}, {1700000001, 1}});
-         },
-         1,
-         {},
-         "a { 2023-11-14 22:13:20.500, 2 } "},
-        {"picometres",
-         [](ChartScene& s) {
-             s.marks("a", {{1e-12, 1}, {1.5e-12, 2}});
-         },
-         1,
-         {},
-         "a { 1.5e-12, 2 } "},
+    auto const expectTooltips = [](std::vector<Row> const& rows,
+                                   std::function<void(ChartScene&)> const& axis) {
+        for (Row const& row : rows) {
+            ChartScene one;
+            axis(one);
+            if (*row.style)
+                one.add("a", row.points, row.style);
+            else
+                one.marks("a", row.points);
+            one.update();
+            EXPECT_EQ(row.text, one.hover(one.pixelOf("a", row.point) + row.off, 3)) << row.what;
+        }
     };
-    for (Row const& row : rows) {
-        ChartScene one;
-        row.make(one);
-        one.update();
-        EXPECT_EQ(row.text, one.hover(one.pixelOf("a", row.point) + row.off, 3)) << row.what;
-    }
+    expectTooltips({{"point", "", {{1, 2}, {3, 4.5}}, 1, {}, "a { 3, 4.5 } "},
+                    {"nearest of a curve", "line", {{0, 1}, {4, 1}, {8, 1}}, 1, {9, 0}, "a { 4, 1 } "},
+                    {"held value", "step", {{0, 1}, {4, 3}, {8, 1}}, 1, {130, 0}, "a { 4, 3 } "},
+                    {"bar", "bar", {{0, 4}, {1, 2}}, 0, {20, -40}, "a { 0, 4 } "},
+                    {"picometres", "", {{1e-12, 1}, {1.5e-12, 2}}, 1, {}, "a { 1.5e-12, 2 } "}},
+                   [](ChartScene&) {});
+    expectTooltips({{"category", "bar", {{0, 4}, {1, 2.5}}, 1, {0, -10}, "a { Tue, 2.5 } "},
+                    {"category without a label", "", {{0, 4}, {2, 2.5}}, 1, {}, "a { 2, 2.5 } "}},
+                   [](ChartScene& s) {
+                       s.categories({"Mon", "Tue"});
+                   });
+    expectTooltips({{"day", "", {{86400, 1}, {172800, 2}}, 1, {}, "a { 1970-01-03, 2 } "},
+                    {"moments close together",
+                     "",
+                     {{1700000000.25, 1}, {1700000000.5, 2}, {1700000001, 1}},
+                     1,
+                     {},
+                     "a { 2023-11-14 22:13:20.500, 2 } "}},
+                   [](ChartScene& s) { s.axis("x").format.set("date"); });
 }
 
 TEST_F(VisChart2DPickGlTest, AHitOnACurveKnowsThePlaceInData)

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 // Update and resize measure texts but draw nothing, so none of this needs a context.
 
 TEST(VisChart2D, LeavesTheRimAndTheTitleBandFree)

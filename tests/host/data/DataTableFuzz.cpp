@@ -21,28 +21,13 @@ std::string inQuotes(std::string const& text)
 TEST(DataTableFuzz, AnyBytesGiveATableOrOneMessage)
 {
     std::minstd_rand random(7);
-    std::string const pieces[] = {"\"",
-                                  ",",
-                                  ";",
-                                  "\t",
-                                  "\n",
-                                  "\r\n",
-                                  "1",
-                                  "-2.5e3",
-                                  "2012-01-01",
-                                  "NA",
-                                  "x",
-                                  "\xC3\xA9",
-                                  "\xFF",
-                                  std::string(1, '\0'),
-                                  " ",
-                                  "inf",
-                                  "\xEF\xBB\xBF",
-                                  ","};
+    std::string const pieces =
+        std::string("\",;,\n\t\r\n1,-2.5e3,2012-01-01\nNA,x\xC3\xA9 inf,\n7,\xEF\xBB\xBF\xFF") + '\0';
     int tables = 0;
     for (int round = 0; round < 20'000; ++round) {
         std::string text;
-        for (auto i = random() % 40; i > 0; --i) text += pieces[random() % std::size(pieces)];
+        for (auto i = random() % 40; i > 0; --i)
+            text += pieces.substr(random() % pieces.size(), 1 + random() % 3);
         FenDataTable table;
         QString error;
         if (FenDataTable::parse(text, QStringLiteral("f"), table, error)) {
