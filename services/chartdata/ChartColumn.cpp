@@ -85,12 +85,12 @@ Summary summaryWithGaps(double const* v, std::size_t count)
 /// The same, fast for values without gaps.
 Summary summary(double const* v, std::size_t count)
 {
-    if (count % (2 * chains) != 0) return summaryWithGaps(v, count);
     constexpr Pair beyond = {infinity, infinity};
     Pair lo[chains] = {beyond, beyond, beyond, beyond};
     Pair hi[chains] = {-beyond, -beyond, -beyond, -beyond};
     Pair defect[chains] = {}; // NaN once a value was not finite
-    for (std::size_t i = 0; i < count; i += 2 * chains) {
+    std::size_t const whole = count - count % (2 * chains);
+    for (std::size_t i = 0; i < whole; i += 2 * chains) {
 #pragma GCC unroll 4
         for (std::size_t k = 0; k < chains; ++k) {
             Pair const value = load(v + i + 2 * k);
@@ -102,7 +102,10 @@ Summary summary(double const* v, std::size_t count)
     Pair const defects = (defect[0] + defect[1]) + (defect[2] + defect[3]);
     if (std::isnan(defects[0] + defects[1])) return summaryWithGaps(v, count);
     for (Pair& pair : hi) pair = -pair;
-    return {lowest(lo), -lowest(hi), false};
+    Summary rest = summaryWithGaps(v + whole, count - whole);
+    rest.min = std::min(rest.min, lowest(lo));
+    rest.max = std::max(rest.max, -lowest(hi));
+    return rest;
 }
 
 } // namespace
