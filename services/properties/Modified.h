@@ -51,7 +51,7 @@ public:
     FenModified(FenModified const& other);
     /// Keeps group, observers and stamp: what is assigned and whether that is a
     /// change is the derived class's business.
-    FenModified& operator=(FenModified const&) { return *this; }
+    FenModified& operator=(FenModified const&) { return *this; } // NOLINT(bugprone-unhandled-self-assignment)
     /// Tells the dependants of the object that it changed, and ends all links to and from it.
     virtual ~FenModified();
 

@@ -31,13 +31,26 @@ Choice const& choose(std::mt19937& random, std::vector<Choice> const& choices)
     return choices[random() % choices.size()];
 }
 
-void colorAxis(IdentityScene& scene, FenChartAxis& axis)
+void addAxis(IdentityScene& scene, FenChartAxis& axis)
 {
     QColor const color = identity(scene.things.size());
-    axis.color.set(color);
-    axis.labelColor.set(color);
     axis.gridColor.set(Qt::transparent); // the grid cannot be picked, on purpose
-    scene.things.push_back({color, &axis, true, 1});
+    scene.things.push_back({color, &axis, true, 1, [&axis, color] {
+                                axis.color.set(color);
+                                axis.labelColor.set(color);
+                            }});
+}
+
+void addVariable(IdentityScene& scene, FenChartVariable& variable)
+{
+    QColor const color = identity(scene.things.size());
+    bool const symbols = variable.symbol.get() != FenChart::symbolNone;
+    int const reach = symbols ? (variable.symbolSize.get() + 1) / 2 : 1;
+    scene.things.push_back({color, &variable, false, reach, [&variable, color] {
+                                for (auto* one : {&variable.lineColor, &variable.fillColor,
+                                                  &variable.symbolColor, &variable.symbolOutlineColor})
+                                    one->set(color);
+                            }});
 }
 
 /// Random data: a walk with gaps, or a cloud.
@@ -57,14 +70,11 @@ void fillColumns(FenChartVariable& variable, std::mt19937& random)
     variable.setData(Vector3::CompY, std::move(y));
 }
 
-void styleVariable(FenChartVariable& variable, QColor const& color, std::mt19937& random)
+void styleVariable(FenChartVariable& variable, std::mt19937& random)
 {
     variable.style.set(choose<QString>(
         random, {FenChart::styleLine, FenChart::styleStep, FenChart::styleSpline, FenChart::styleBar}));
-    variable.lineColor.set(color);
-    variable.symbolColor.set(color);
-    variable.symbolOutlineColor.set(color);
-    variable.fillColor.set(color);
+    variable.fillColor.set(Qt::black);
     variable.lineWidth.set(float(choose<int>(random, {1, 1, 2, 5})));
     if (variable.style.get() == FenChart::styleBar || coin(random, 0.2)) {
         variable.fillMode.set(FenChart::fillSolid);
@@ -84,16 +94,14 @@ IdentityScene makeChart2D(FenVisScene& scene, std::mt19937& random)
     FenVisChart2D& node = scene.add<FenVisChart2D>("chart");
     node.chart.titleColor.set(Qt::transparent);
     node.chart.xAxes.first()->title.set("x");
-    colorAxis(result, *node.chart.xAxes.first());
-    colorAxis(result, *node.chart.yAxes.first());
+    addAxis(result, *node.chart.xAxes.first());
+    addAxis(result, *node.chart.yAxes.first());
     int const variables = 1 + int(random() % 4);
     for (int i = 0; i < variables; ++i) {
         FenChartVariable& variable = node.chart.variables.append(QString("v%1").arg(i));
         fillColumns(variable, random);
-        QColor const color = identity(result.things.size());
-        styleVariable(variable, color, random);
-        bool const symbols = variable.symbol.get() != FenChart::symbolNone;
-        result.things.push_back({color, &variable, false, symbols ? (variable.symbolSize.get() + 1) / 2 : 1});
+        styleVariable(variable, random);
+        addVariable(result, variable);
     }
     return result;
 }

@@ -3,13 +3,14 @@
 #include <QColor>
 #include <QString>
 
+#include <functional>
 #include <random>
 #include <vector>
 
 class FenProperties;
 class FenVisScene;
 
-/// A random scene in which every pickable thing has a colour of its own.
+/// The pickable things of a random scene, each with a colour that it can be drawn in alone.
 struct IdentityScene {
     struct Thing {
         QColor color;
@@ -18,6 +19,8 @@ struct IdentityScene {
         bool hasTexts;
         /// [px] from its pixels to where it is picked still: symbols are picked by their squares.
         int reach;
+        /// Gives the thing its colour.
+        std::function<void()> paint;
     };
     std::vector<Thing> things;
 
