@@ -4,6 +4,7 @@
 #include <QSize>
 #include <QSizeF>
 
+#include <cstddef>
 #include <vector>
 
 namespace fen {
@@ -26,6 +27,8 @@ struct LegendLayout {
     };
     QSize box;
     std::vector<Entry> entries;
+    /// Entries that have no room; the last of `entries` then stands for their number.
+    std::size_t hidden = 0;
 };
 
 /// Measures of a legend [px].

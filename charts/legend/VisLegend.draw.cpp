@@ -1,5 +1,6 @@
 #include "charts/legend/VisLegend.h"
 
+#include "axes/ElidedText.h"
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/LegendSample.h"
 #include "charts/legend/VisLegend.handler.h"
@@ -30,6 +31,7 @@ constexpr int rampWidth = 14; // [px]
 constexpr int rampLines = 8; ///< height of a ramp in text lines
 constexpr int rampGap = 4; // [px] between ramp, tick and value
 constexpr unsigned rampSteps = 256;
+constexpr int widestLabel = 240; // [px] longer ones are cut
 constexpr int boxAlpha = 225; ///< the chart shines through a little
 
 /// Colours of the box, so that a text in `text` can be read on it.
@@ -44,6 +46,14 @@ BoxColors boxColors(QColor const& text)
     bool const dark = text.lightnessF() > 0.5f;
     if (dark) return {QColor(35, 38, 43, boxAlpha), QColor(95, 100, 108), QColor(70, 80, 98)};
     return {QColor(255, 255, 255, boxAlpha), QColor(190, 194, 200), QColor(222, 232, 246)};
+}
+
+QString moreText(std::size_t count) { return QStringLiteral("and %1 more").arg(count); }
+
+void drawLabel(FenOglText& text, fen::LegendLayout::Entry const& entry, QString const& label)
+{
+    text.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    text.draw(QPoint(entry.label.x(), entry.label.y() + entry.label.height() / 2), label);
 }
 
 /// Size of a colour ramp with its values beside it [px].
@@ -123,12 +133,41 @@ bool FenVisLegend::CanExpandVariable(unsigned i) const
 }
 
 /// The label of an entry; values of a ramp that share a factor have it there, as axes in their titles.
-QString FenVisLegend::entryText(unsigned i, bool ramps) const
+QString FenVisLegend::entryText(FenOglText const& text, unsigned i, bool ramps) const
 {
-    QString const label = fen::legendLabel(*_entries[i]);
+    QString const label = fen::elided(text, fen::legendLabel(*_entries[i]), widestLabel);
     if (!ramps || !CanExpandVariable(i)) return label;
     QString const factor = fen::toFactorLabel(_intervals[i].factor());
     return factor.isEmpty() ? label : label + QStringLiteral("  (%1)").arg(factor);
+}
+
+/// Lays out as many entries as there is room for, and a last one for the number of the others.
+fen::LegendLayout FenVisLegend::arrange(std::vector<fen::LegendEntrySize> const& sizes,
+                                        FenOglText const& text, QSize const& room) const
+{
+    fen::LegendMetrics metrics;
+    metrics.lineHeight = text.height();
+    bool const vertical = legend.orientation.get() == FenChart::legendVertical;
+    auto const layoutOf = [&](std::size_t shown) {
+        std::vector<fen::LegendEntrySize> some(sizes.begin(), sizes.begin() + std::ptrdiff_t(shown));
+        std::size_t const hidden = sizes.size() - shown;
+        if (hidden > 0) some.push_back({text.size(moreText(hidden)), QSize()});
+        auto layout =
+            vertical ? fen::layoutVertical(some, metrics, room) : fen::layoutHorizontal(some, metrics, room);
+        layout.hidden = hidden;
+        return layout;
+    };
+    auto const fits = [&](fen::LegendLayout const& layout) {
+        return layout.box.width() <= room.width() && layout.box.height() <= room.height();
+    };
+    fen::LegendLayout const all = layoutOf(sizes.size());
+    if (sizes.size() < 2 || fits(all)) return all;
+    std::size_t least = 1, beyond = sizes.size(); // at least one is shown
+    while (beyond - least > 1) {
+        std::size_t const middle = (least + beyond) / 2;
+        (fits(layoutOf(middle)) ? least : beyond) = middle;
+    }
+    return layoutOf(least);
 }
 
 fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, FenOglViewport const& viewport, bool ramps) const
@@ -139,14 +178,10 @@ fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, FenOglViewport cons
     for (unsigned i = 0; i < _entries.size(); ++i) {
         FenChartVariable const* const variable = _entries[i].get();
         if (!variable) continue;
-        sizes[i].label = text.size(entryText(i, ramps));
+        sizes[i].label = text.size(entryText(text, i, ramps));
         if (ramps && CanExpandVariable(i)) sizes[i].ramp = rampSize(_intervals[i], text);
     }
-    fen::LegendMetrics metrics;
-    metrics.lineHeight = text.height();
-    bool const vertical = legend.orientation.get() == FenChart::legendVertical;
-    auto layout = vertical ? fen::layoutVertical(sizes, metrics, viewport.size())
-                           : fen::layoutHorizontal(sizes, metrics, viewport.size());
+    auto layout = arrange(sizes, text, viewport.size());
     text.clear();
     // Ramps that would hide the chart are left out; the samples show the colours too.
     bool const expanded = std::any_of(sizes.begin(), sizes.end(),
@@ -189,6 +224,10 @@ void FenVisLegend::drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewpo
         for (QRect* part : {&entry.bounds, &entry.sample, &entry.label, &entry.ramp}) {
             part->translate(_box.origin());
         }
+        if (layout.hidden > 0 && i + 1 == layout.entries.size()) {
+            drawLabel(text, entry, moreText(layout.hidden));
+            break;
+        }
         _rectangles.emplace_back(entry.bounds.x(), entry.bounds.y(), entry.bounds.width(),
                                  entry.bounds.height());
         if (_entries[i]) drawEntry(cache, text, i, entry, sample);
@@ -224,8 +263,6 @@ void FenVisLegend::drawEntry(FenOglCache& cache, FenOglText& text, unsigned i,
     } else {
         fen::drawLegendPatch(variable, entry.sample);
     }
-    text.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    text.draw(QPoint(entry.label.x(), entry.label.y() + entry.label.height() / 2),
-              entryText(i, !entry.ramp.isEmpty()));
+    drawLabel(text, entry, entryText(text, i, !entry.ramp.isEmpty()));
     if (!entry.ramp.isEmpty()) drawRamp(cache, text, variable, _intervals[i], entry.ramp);
 }

@@ -80,6 +80,8 @@ private:
     void dependOn(FenVisualization& source);
     void collectEntries(DrawContext const& context);
 
+    fen::LegendLayout arrange(std::vector<fen::LegendEntrySize> const& sizes, FenOglText const& text,
+                              QSize const& room) const;
     fen::LegendLayout sizeLegend(FenOglText& text, FenOglViewport const& viewport, bool ramps) const;
     void drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewport const& viewport, Sample sample,
                     bool ramps) const;
@@ -89,7 +91,7 @@ private:
     bool placedAutomatically() const;
     void decorate(QColor const& textColor) const;
     bool CanExpandVariable(unsigned i) const;
-    QString entryText(unsigned i, bool ramps) const;
+    QString entryText(FenOglText const& text, unsigned i, bool ramps) const;
 
     std::vector<fen::view_ptr<FenChartVariable const>> _entries;
     std::vector<Kes::Math::NiceIntervals> _intervals; // one per entry

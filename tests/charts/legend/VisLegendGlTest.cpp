@@ -183,3 +183,18 @@ TEST_F(VisLegendGlTest, ShowsTheValuesOfAGradientBesideItsColours)
     scene->draw();
     EXPECT_EQ(plain, legend->entryRectangle(0).height()) << "a small chart is not hidden";
 }
+
+TEST_F(VisLegendGlTest, ShowsWhatThereIsRoomForAndCountsTheRest)
+{
+    for (int i = 0; i < 300; ++i) {
+        FenChartVariable& variable = chart->chart.variables.append(QString("variable %1").arg(i));
+        variable.label.set(i == 0 ? QString(3000, 'w') : QString());
+        variable.setData(Kes::Math::Vector3::CompY, {1, 2});
+    }
+    draw().save("legend-many");
+    FenOglViewport const area = chart->getDataViewport();
+    EXPECT_LE(legend->box().width(), area.width());
+    EXPECT_LE(legend->box().height(), area.height());
+    EXPECT_TRUE(legend->entryRectangle(10).valid());
+    EXPECT_FALSE(legend->entryRectangle(302).valid());
+}
