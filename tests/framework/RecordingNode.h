@@ -2,13 +2,10 @@
 
 #include "framework/VisList.h"
 #include "services/math/BoundingBox.h"
-#include "services/math/NumberFormat.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/OglText.h"
 #include "services/opengl/Resource.h"
-
-#include <boost/shared_ptr.hpp>
 
 #include <functional>
 #include <optional>
@@ -34,14 +31,8 @@ public:
     void resize(DrawContext const& context) override { record("resize", context); }
     void draw3d(DrawContext const& context) const override { record("draw3d", context); }
     void draw2d(DrawContext const& context) const override { record("draw2d", context); }
-    FenVisHitRecordList select3d(SelectContext const& context) const override
-    {
-        return pick("select3d", context);
-    }
-    FenVisHitRecordList select2d(SelectContext const& context) const override
-    {
-        return pick("select2d", context);
-    }
+    FenVisHitRecordList select3d(SelectContext const& in) const override { return pick("select3d", in); }
+    FenVisHitRecordList select2d(SelectContext const& in) const override { return pick("select2d", in); }
     Kes::Math::BoundingBox boundingBox() const override { return box; }
 
     std::optional<FenOglViewport> own; ///< its own viewport
@@ -67,15 +58,10 @@ private:
 
 /// What contexts refer to, and contexts of a size.
 struct Passes {
-    FenVisualization::DrawContext draw(boost::shared_ptr<IFenVisPropertyEdit> edit = {})
-    {
-        return FenVisualization::DrawContext(geometry, cache, resource, viewport, text, edit,
-                                             Kes::Math::NumberFormat());
-    }
+    FenVisualization::DrawContext draw() { return {geometry, cache, resource, viewport, text, {}, {}}; }
     FenVisualization::SelectContext select(QPoint const& point, QSize const& size = QSize(3, 3))
     {
-        FenVisualization::SelectContext context(geometry, cache, resource, viewport, text,
-                                                Kes::Math::NumberFormat());
+        FenVisualization::SelectContext context(geometry, cache, resource, viewport, text, {});
         context.point = point;
         context.size = size;
         return context;

@@ -1,13 +1,11 @@
-#include "framework/UpdateContext.h"
 #include "services/opengl/GlWrappers.h"
-#include "services/opengl/PixelRatio.h"
 #include "services/opengl/VertexArrays.h"
 #include "tests/framework/RecordingNode.h"
 #include "tests/support/OffscreenGlTest.h"
 
-#include <algorithm>
-
 namespace {
+
+using Kes::Math::Matrix, Kes::Math::Vector2, Kes::Math::Vector3;
 
 class VisListGl : public OffscreenGlTest {
 protected:
@@ -34,8 +32,7 @@ protected:
 
 TEST_F(VisListGl, FramesAChildAndLaysTheVeilOverItAfterItHasDrawn)
 {
-    FenOglViewport const own(100, 50, 40, 30);
-    RecordingNode& node = add(own);
+    RecordingNode& node = add(FenOglViewport(100, 50, 40, 30));
     draw();
     EXPECT_EQ(QRect(100, 300 - 80, 40, 30), picture().boundingBox());
     EXPECT_EQ(2 * 40 + 2 * 28, picture().count(QColor(Qt::lightGray))); // nothing but the outermost pixels
@@ -50,32 +47,27 @@ TEST_F(VisListGl, FramesAChildAndLaysTheVeilOverItAfterItHasDrawn)
     EXPECT_TRUE(picture().is(130, 300 - 60, QColor(127, 127, 255)));
     EXPECT_EQ(QRect(100, 300 - 80, 40, 30), picture().boundingBox());
     node.inside = {};
-    log.expect("is no QColor");
-    node.setValue("fillColor", "no colour"); // is not drawn
-    for (FenOglViewport const& bare : {viewport(), FenOglViewport(10, 10, 0, 30)}) {
-        node.own = bare;
-        draw();
-        EXPECT_TRUE(picture().boundingBox().isNull());
-    }
+    node.own = FenOglViewport(10, 10, 0, 30);
+    draw();
+    EXPECT_TRUE(picture().boundingBox().isNull());
 }
 
 TEST_F(VisListGl, GivesAChildItsOwnPixelsFitsItsBoxAndTakesBothBack)
 {
     FenOglViewport const own(100, 50, 40, 30);
     RecordingNode& node = add(own);
-    node.box = Kes::Math::BoundingBox(Kes::Math::Vector3(-9, -9, -9), Kes::Math::Vector3(9, 9, 9));
+    node.box = Kes::Math::BoundingBox(Vector3(-9, -9, -9), Vector3(9, 9, 9));
     int asked = 0;
     bool flat = true;
     node.inside = [&](FenVisualization::DrawContext const& context) {
         ++asked;
         EXPECT_EQ(own, context.viewport);
         EXPECT_EQ(own, node.getDataViewport());
-        EXPECT_EQ(flat ? Kes::Math::Matrix() : glGetProjectionMatrix(), context.projection);
-        EXPECT_EQ(flat ? glGetModelViewMatrix() : Kes::Math::Matrix(), context.modelView);
-        Kes::Math::Vector3 const corner = flat ? context.modelView * Kes::Math::Vector3(40, 30, 0)
-                                               : context.projection * Kes::Math::Vector3(12, 9, 9);
-        EXPECT_NEAR(1.0, corner.x(), 1e-5);
-        EXPECT_NEAR(1.0, corner.y(), 1e-5);
+        EXPECT_EQ(flat ? Matrix() : glGetProjectionMatrix(), context.projection);
+        EXPECT_EQ(flat ? glGetModelViewMatrix() : Matrix(), context.modelView);
+        Vector3 const corner =
+            flat ? context.modelView * Vector3(40, 30, 0) : context.projection * Vector3(12, 9, 9);
+        EXPECT_NEAR(0.0, (Vector2(corner) - Vector2(1, 1)).length(), 1e-5);
         EXPECT_LT(-1.0f, corner.z());
     };
     expectPassKeepsState([&] {
@@ -88,8 +80,6 @@ TEST_F(VisListGl, GivesAChildItsOwnPixelsFitsItsBoxAndTakesBothBack)
     });
     EXPECT_EQ(5, asked);
     EXPECT_EQ(QPoint(0, 29), node.picked);
-    for (QPoint const& outside : {QPoint(99, 60), QPoint(140, 60), QPoint(110, 80), QPoint(110, 49)})
-        EXPECT_EQ(0u, list.select2d(passes.select(outside)).size());
 }
 
 TEST_F(VisListGl, APickInsideAPickFindsNothingAndLogsOneCheck)
@@ -109,17 +99,17 @@ TEST_F(VisListGl, EveryTypeSurvivesEveryPassWithoutRoomAndLeavesNoTrace)
         node.selectable.set(true);
         for (QSize const& size : {QSize(400, 300), QSize(1, 1)}) {
             resizePicture(size.width(), size.height());
-            for (QPoint const& point : {QPoint(0, 0), QPoint(200, 150), QPoint(-5, 9999)})
-                expectPassKeepsState([&] {
-                    list.update(passes.draw());
-                    list.resize(passes.draw());
-                    list.draw3d(passes.draw());
-                    list.draw2d(passes.draw());
-                    for (QSize const& region : {QSize(3, 3), QSize(0, 0), QSize(-1, -1), QSize(9999, 9999)}) {
-                        list.select2d(passes.select(point, region));
-                        list.select3d(passes.select(point, region));
+            expectPassKeepsState([&] {
+                list.update(passes.draw());
+                list.resize(passes.draw());
+                list.draw3d(passes.draw());
+                list.draw2d(passes.draw());
+                for (QPoint const& point : {QPoint(0, 0), QPoint(200, 150), QPoint(-5, 9999)})
+                    for (int const side : {3, 0, -1, 9999}) {
+                        list.select2d(passes.select(point, QSize(side, side)));
+                        list.select3d(passes.select(point, QSize(side, side)));
                     }
-                });
+            });
             EXPECT_FALSE(node.watcher().modified()) << "a pass of an unchanged node changes nothing";
         }
         EXPECT_TRUE(list.erase(&node));

@@ -2,7 +2,6 @@
 
 #include "charts/chart2d/VisChart2D.h"
 #include "host/headless/OffscreenContext.h"
-#include "services/chartdata/ChartAxis.h"
 #include "tests/host/ProbeNode.h"
 #include "tests/support/OffscreenGlTest.h"
 
@@ -118,22 +117,6 @@ TEST_F(SceneGlTest, SizesAndContextsMayBeMissing)
     clear();
     early.draw();
     EXPECT_GT(picture().count(Qt::red), 300) << "what was recorded without a context is made again";
-}
-
-TEST_F(SceneGlTest, AddedNodesAreEnabledNamedApartAndHaveAxes)
-{
-    FenVisScene scene;
-    FenVisChart2D& first = scene.add<FenVisChart2D>(QStringLiteral("plot"));
-    FenVisChart2D& second = scene.add<FenVisChart2D>(QStringLiteral("plot"));
-    ProbeNode& unnamed = scene.add<ProbeNode>(QString());
-    EXPECT_EQ("plot", first.name());
-    EXPECT_EQ("plot.2", second.name());
-    EXPECT_FALSE(unnamed.name().isEmpty());
-    EXPECT_TRUE(second.enabled.get());
-    EXPECT_EQ("x", first.chart.xAxes.first()->name());
-    EXPECT_EQ("y", first.chart.yAxes.first()->name());
-    EXPECT_EQ(nullptr, first.chart.yAxes.second());
-    EXPECT_EQ(3u, scene.root().size());
 }
 
 } // namespace

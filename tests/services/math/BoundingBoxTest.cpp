@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <sstream>
 
 using namespace Kes::Math;
 
@@ -20,21 +19,13 @@ TEST(BoundingBox, GrowsFromNothing)
     box += BoundingBox(Vector3(-1, 4, 4), Vector3(0, 6, 9));
     box += BoundingBox();
     EXPECT_EQ(BoundingBox(Vector3(-1, 2, 3), Vector3(1, 6, 9)), box);
-    box.reset();
-    EXPECT_EQ(BoundingBox(), box);
-    box.defined() = true;
-    EXPECT_EQ(BoundingBox(Vector0, Vector0), box);
 }
 
-TEST(BoundingBox, ScalesTransformsAndPrintsItself)
+TEST(BoundingBox, ScalesAndTransforms)
 {
     BoundingBox const box(Vector3(1, 2, 3), Vector3(2, 4, 6));
     EXPECT_EQ(BoundingBox(Vector3(-4, 2, 0), Vector3(-2, 4, 0)), box.scale(Vector3(-2, 1, 0)));
     EXPECT_EQ(BoundingBox(Vector3(-4, 1, 3), Vector3(-2, 2, 6)), box * Matrix::rotate(VectorZ, 90));
     EXPECT_FALSE((BoundingBox() * Matrix::rotate(VectorZ, 90)).defined()
                  || BoundingBox().scale(Vector1).defined());
-    EXPECT_EQ(Vector3(1.5f, 3, 4.5f), box.center());
-    std::ostringstream out;
-    out << Vector3(0.5f, -1, 2e6f) << ' ' << BoundingBox(Vector0, Vector1) << ' ' << BoundingBox();
-    EXPECT_EQ("(0.5, -1, 2e+06) (0, 0, 0) - (1, 1, 1) undefined", out.str());
 }

@@ -42,7 +42,6 @@ TEST(NiceIntervals, FindsTheValuesOfTheTable)
         {0, 0.2, 4, clip, false, "0 0,05 0,1 0,15 0,2", 1, {'g', ',', 6}},
         {0, 0.2, 4, clip, false, "0.00 0.05 0.10 0.15 0.20", 1, {'f', '.', 1}}, // or they would look alike
         {0, 0.2, 4, clip, false, "0.0e+00 5.0e-02 1.0e-01 1.5e-01 2.0e-01", 1, {'e', '.', 0}},
-        {0, 1, 10, clip, true, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1", 1},
         {-0.25, 0.35, 6, clip, true, "-0.2 -0.1 0 0.1 0.2 0.3", 1},
         {double(0.1f), double(0.9f), 8, clip, true, "0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9", 1}, // from floats
         {1, 0, 5, clip, true, "0 0.2 0.4 0.6 0.8 1", 1}, // the wrong way round
@@ -51,10 +50,8 @@ TEST(NiceIntervals, FindsTheValuesOfTheTable)
         {-1, 1, 1, widen, true, "-1 0 1", 1},
         {7.5, 7.5, 5, clip, true, "7.5", 1}, // one number
         {7.5, 7.5, 3, widen, true, "6 7 8 9", 1},
-        {0, 0, 2, widen, true, "-1 0 1", 1},
         {0, 5e6, 5, clip, true, "0 1 2 3 4 5", 1e6}, // factors
         {0, 5e6, 5, clip, false, "0 1e+06 2e+06 3e+06 4e+06 5e+06", 1},
-        {0, 2e5, 4, clip, true, "0 50 100 150 200", 1e3},
         {0, 2e-4, 4, clip, true, "0 50 100 150 200", 1e-6},
         {1e6, 1e6 + 1, 2, clip, true, "1000000 1000000.5 1000001", 1}, // digits before factors
         {1e300, 3e300, 2, clip, true, "1 2 3", 1e300}, // the ends of the number line
@@ -66,17 +63,6 @@ TEST(NiceIntervals, FindsTheValuesOfTheTable)
         NiceIntervals const found(row.min, row.max, row.count, row.clips, row.useFactor, row.format);
         EXPECT_EQ(row.labels, labels(found)) << row.min << " .. " << row.max << ", " << row.count;
         EXPECT_EQ(row.factor, found.factor()) << row.labels;
-    }
-}
-
-TEST(NiceIntervals, ValuesAreTheNearestDoubles)
-{
-    NiceIntervals const tenths(0, 1, 10, clip, true, NumberFormat('g', '.', 17));
-    double const expected[] = {0, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1};
-    ASSERT_EQ(11u, tenths.size());
-    for (unsigned i = 0; i < 11; ++i) {
-        EXPECT_EQ(expected[i], tenths.value(i));
-        EXPECT_NEAR(0.1 * i, tenths.fraction(i), 1e-15);
     }
 }
 

@@ -63,12 +63,3 @@ TEST(Spline, NeverRunsBackOverAscendingData)
         EXPECT_TRUE(std::is_sorted(curve.begin(), curve.end(), [](auto a, auto b) { return a.x() < b.x(); }));
     }
 }
-
-TEST(Spline, CurvesInSpaceToo)
-{
-    std::vector<Vector3> points{{0, 0, 0}, {1, 1, 2}, {2, 0, 4}};
-    interpolateCutmullRom(points, 0.5f);
-    ASSERT_EQ(5u, points.size());
-    // With the end taken twice: a + (b - a) / 2 + (m - n) / 8, m = (b - a) / 2, n = (c - a) / 2.
-    EXPECT_EQ(Vector3(0.4375f, 0.5625f, 0.875f), points[1]);
-}

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <random>
 #include <set>
+#include <tuple>
 
 using namespace Kes::Math;
 using Kes::Tess::Tessellate;
@@ -46,8 +47,6 @@ struct Surface {
         ListIter iter(points);
         Tessellate tessellate(iter, box);
         std::array<Vector3, 3> t;
-        tessellate.Current(t[0], t[1], t[2]);
-        EXPECT_EQ(Vector0, t[0] + t[1] + t[2]); // before the first
         while (tessellate.MoveNext()) {
             tessellate.Current(t[0], t[1], t[2]);
             triangles.push_back(t);
@@ -56,8 +55,6 @@ struct Surface {
             area += twice / 2;
         }
         EXPECT_FALSE(tessellate.MoveNext());
-        tessellate.Current(t[0], t[1], t[2]);
-        EXPECT_EQ(Vector0, t[0] + t[1] + t[2]);
         tessellate.Reset();
         EXPECT_EQ(!triangles.empty(), tessellate.MoveNext());
         outline = tessellate.Boundary();
@@ -97,24 +94,19 @@ Points scattered(size_t count, float size)
 TEST(Tessellate, HandlesTooFewPointsPointsOnALineAndWhatIsLeftOut)
 {
     Vector3 const a(0, 0, 1), b(1, 1, 2), c(2, 2, 3), corner(0, 2, 0);
-    struct Row {
-        Points points, outline;
-        size_t triangles = 0;
-    };
-    Row const rows[] = {
-        {{}, {}},
-        {{a, a, a}, {a}},
-        {{b, a}, {a, b, a}},
-        {{c, a, b, a}, {a, b, c, b, a}},
-        {Points(50, Vector3(NAN, NAN, NAN)), {}},
+    std::tuple<Points, Points, size_t> const rows[] = {
+        {{}, {}, 0},
+        {{a, a, a}, {a}, 0},
+        {{c, a, b, a}, {a, b, c, b, a}, 0},
+        {Points(50, Vector3(NAN, NAN, NAN)), {}, 0},
         {{a, c, corner, {NAN, 1, 0}, {1, INFINITY, 0}, {1, 1, NAN}, {9, 9, 0}, {0, 0, 7}},
          {a, c, corner, a},
          1},
     };
-    for (Row const& row : rows) {
-        Surface const surface(row.points, BoundingBox(Vector3(0, 0, 5), Vector3(3, 3, 5)));
-        EXPECT_EQ(row.triangles, surface.triangles.size());
-        EXPECT_EQ(row.outline, surface.outline);
+    for (auto const& [points, outline, triangles] : rows) {
+        Surface const surface(points, BoundingBox(Vector3(0, 0, 5), Vector3(3, 3, 5)));
+        EXPECT_EQ(triangles, surface.triangles.size());
+        EXPECT_EQ(outline, surface.outline);
     }
 }
 

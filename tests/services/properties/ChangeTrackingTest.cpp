@@ -1,7 +1,6 @@
 #include "services/properties/ModifiedWatcher.h"
 #include "services/properties/Properties.h"
 #include "services/properties/ViewPtr.h"
-#include "tests/support/LogCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +12,7 @@ namespace {
 struct ChangeTracking : testing::Test {
     FenModifiedGroup group;
     FenProperties root{group}, child{group}, grandchild{group}, apart{group};
-    FenModifiedWatcher ofRoot{&root}, ofChild{&child}, ofGrandchild{&grandchild}, ofApart{&apart};
+    FenModifiedWatcher ofRoot{&root}, ofChild{&child}, ofGrandchild{&grandchild};
 
     ChangeTracking()
     {
@@ -23,7 +22,7 @@ struct ChangeTracking : testing::Test {
     }
     void seen() const
     {
-        for (auto const* watcher : {&ofRoot, &ofChild, &ofGrandchild, &ofApart}) watcher->reset();
+        for (auto const* watcher : {&ofRoot, &ofChild, &ofGrandchild}) watcher->reset();
     }
     /// Which watchers report a change, one letter for each, and resets them.
     std::string changes() const
@@ -32,18 +31,13 @@ struct ChangeTracking : testing::Test {
         if (ofRoot.modified()) letters += 'r';
         if (ofChild.modified()) letters += 'c';
         if (ofGrandchild.modified()) letters += 'g';
-        if (ofApart.modified()) letters += 'a';
         seen();
         return letters;
     }
 };
 
-TEST_F(ChangeTracking, TreeEditsAreChangesOfTheParentAndDependingAloneIsNone)
+TEST_F(ChangeTracking, TreeEditsAreChangesOfTheParent)
 {
-    apart.depend().insert(grandchild);
-    EXPECT_EQ("", changes());
-    apart.modify();
-    EXPECT_EQ("rcga", changes());
     FenProperties late(group);
     late.rename("late");
     root.insert(&late, true);
@@ -72,26 +66,6 @@ TEST_F(ChangeTracking, WhatIsTheSameIsNoChange)
     EXPECT_EQ("rcg", changes());
 }
 
-TEST_F(ChangeTracking, AWatcherReportsAChangeUntilItsFirstResetAndWhenTouched)
-{
-    FenModifiedWatcher const watcher(&child);
-    EXPECT_TRUE(watcher.modified());
-    watcher.reset();
-    FenModifiedWatcher const copy(watcher);
-    EXPECT_FALSE(copy.modified()) << "the copy has seen what the original has";
-    watcher.touch();
-    EXPECT_TRUE(watcher.modified() && !copy.modified());
-    FenModifiedWatcher assigned(&apart);
-    assigned.reset();
-    assigned = copy;
-    EXPECT_TRUE(assigned.modified());
-    assigned.reset();
-    child.modify();
-    EXPECT_FALSE(assigned.modified()) << "it still watches its own object";
-    apart.modify();
-    EXPECT_TRUE(assigned.modified());
-}
-
 TEST(FenModified, EndsAllLinksWhenItIsDestroyed)
 {
     FenModifiedGroup group;
@@ -110,25 +84,6 @@ TEST(FenModified, EndsAllLinksWhenItIsDestroyed)
     EXPECT_FALSE(view || ofSource.modified() || FenModifiedWatcher(nullptr).modified());
     ofSource.touch();
     EXPECT_FALSE(ofSource.modified());
-    watcher.reset();
-    last.modify();
-    dependant.reset();
-    EXPECT_TRUE(watcher.modified());
-}
-
-TEST(FenModifiedGroup, CountsItsLocks)
-{
-    FenModifiedGroup group;
-    for (int locks = 0; locks < 2; ++locks) group.lock();
-    group.unlock();
-    EXPECT_TRUE(group.locked());
-    group.unlock();
-    LogCapture log;
-    log.expect("_locks > 0");
-    group.unlock();
-    EXPECT_EQ(1, log.count("_locks > 0"));
-    group.lock();
-    EXPECT_TRUE(group.locked()) << "one unlock too many does not wait for a lock";
 }
 
 } // namespace

@@ -13,20 +13,17 @@ typedef FenPropertyAdaptor<double> Number;
 /// A node as nodes are: properties are members, assignment is the compiler's.
 struct Node : FenProperties {
     Number size;
-    FenPropertyAdaptor<QString> text;
     FenModifiedWatcher watcher;
 
     explicit Node(FenModifiedGroup& group)
         : FenProperties(group)
         , size(*this, "size", 1.5, "mm")
-        , text(*this, "text", "t", QString())
         , watcher(this)
     {
     }
     Node(Node const& other)
         : FenProperties(other)
         , size(*this, other.size)
-        , text(*this, other.text)
         , watcher(this)
     {
     }
@@ -42,8 +39,6 @@ TEST(FenPropertyAdaptor, DeclaresOnlyWhatTheStoreLacksAndFollowsIt)
     Number stored(owner, "stored", 1.0, "mm"), fresh(owner, "fresh", 1.0, "mm"), twin(owner, "fresh", 0, {});
     EXPECT_EQ(7.5, stored.get());
     EXPECT_EQ("cm mm", stored.getUnit() + ' ' + fresh.getUnit());
-    EXPECT_EQ("fresh 1", fresh.name() + ' ' + owner.getString("fresh", {}));
-    EXPECT_EQ("double", owner.string().typeName("stored"));
     owner.setValue("fresh", "2");
     EXPECT_EQ(2.0, fresh.get());
     for (double const value : {3.0, 4.0}) {
@@ -51,7 +46,6 @@ TEST(FenPropertyAdaptor, DeclaresOnlyWhatTheStoreLacksAndFollowsIt)
         EXPECT_EQ(value, twin.get());
         group.lock();
     }
-    EXPECT_EQ("4", twin.getString());
 }
 
 TEST(FenPropertyAdaptor, CopiesAndAssignmentsTakeValuesAndUnits)
@@ -63,8 +57,7 @@ TEST(FenPropertyAdaptor, CopiesAndAssignmentsTakeValuesAndUnits)
     Node copy(source);
     target = source;
     for (Node* node : {&copy, &target}) {
-        EXPECT_EQ(9.0, node->size.get());
-        EXPECT_EQ("km", node->size.getUnit());
+        EXPECT_EQ("9 km", node->size.getString() + ' ' + node->size.getUnit());
         EXPECT_TRUE(node->watcher.modified());
         node->watcher.reset();
         node->size.set(8.0);
@@ -74,9 +67,6 @@ TEST(FenPropertyAdaptor, CopiesAndAssignmentsTakeValuesAndUnits)
     other.string().setUnit("size", "m");
     Number const there(other, source.size), unitless(other, "unitless", 5.0, QString());
     EXPECT_EQ("9 m", there.getString() + ' ' + there.getUnit()) << "a unit of its own is kept";
-    target.watcher.reset();
-    target.size = target.size;
-    EXPECT_FALSE(target.watcher.modified());
     target.size = unitless;
     EXPECT_EQ("5 km", target.size.getString() + ' ' + target.size.getUnit()) << "no unit replaces none";
 }
@@ -94,7 +84,6 @@ TEST(FenPropertyAdaptor, ReadsZeroWhereNothingCanBeRead)
     EXPECT_EQ(1, log.errors().size());
     static_cast<FenProperties&>(node) = FenProperties(group); // knows no key
     EXPECT_EQ(0.0, node.size.get());
-    EXPECT_EQ("", node.text.get());
 }
 
 TEST(FenPropertyAdaptor, KeepsItsLastValueWhenTheOwnerIsGone)
@@ -104,7 +93,6 @@ TEST(FenPropertyAdaptor, KeepsItsLastValueWhenTheOwnerIsGone)
     Number number(*owner, "number", 2.0, "mm");
     owner.reset();
     number.set(3.0);
-    number.setUnit("cm");
     EXPECT_EQ(2.0, number.get());
     EXPECT_EQ("", number.getUnit() + number.getString());
 }
