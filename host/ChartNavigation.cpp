@@ -105,6 +105,8 @@ bool fitAxes(FenUndoPropertyEdit& edit, FenVisChart2D& chart)
     for (FenChartAxisPair* const pair : {&chart.chart.xAxes, &chart.chart.yAxes}) {
         for (FenChartAxis* const axis : {pair->first(), pair->second()}) {
             if (!axis || axis->autoRange.get()) continue;
+            edit.keep(*axis, axis->min.name());
+            edit.keep(*axis, axis->max.name());
             edit.edit(*axis, axis->autoRange.name(), QStringLiteral("true"));
             changed = true;
         }

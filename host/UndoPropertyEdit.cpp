@@ -25,6 +25,7 @@ struct Change {
     QString key;
     QString before;
     QString after;
+    bool kept = false; ///< put back by undo though the step itself did not change it
 
     void write(QString const& value) const
     {
@@ -165,9 +166,9 @@ void FenUndoPropertyEdit::endStep()
         FenProperties const* const item = change.item.get();
         if (!item) continue;
         change.after = item->getString(change.key, QString());
-        if (change.after != change.before) changed.push_back(change);
+        if (change.after != change.before || change.kept) changed.push_back(change);
     }
-    if (changed.empty()) return;
+    if (std::all_of(changed.begin(), changed.end(), [](Change const& change) { return change.kept; })) return;
     QString const text = step->text.isEmpty() ? describeAll(changed) : step->text;
     _stack.push(new EditCommand(text, std::move(changed), step->mergeId));
 }
@@ -183,7 +184,13 @@ bool FenUndoPropertyEdit::stepOpen() const { return bool(_step); }
 
 void FenUndoPropertyEdit::noteChange(FenProperties& item, QString const& key, QString const& before)
 {
-    if (_step && !find(_step->changes, &item, key)) _step->changes.push_back({&item, key, before, {}});
+    if (_step && !find(_step->changes, &item, key)) _step->changes.push_back({&item, key, before, {}, false});
+}
+
+void FenUndoPropertyEdit::keep(FenProperties& item, QString const& key)
+{
+    if (_step && !find(_step->changes, &item, key))
+        _step->changes.push_back({&item, key, item.getString(key, QString()), {}, true});
 }
 
 QString FenUndoPropertyEdit::describe(FenProperties const& item, QString const& key)

@@ -46,6 +46,9 @@ public:
     /// Takes a change that was written elsewhere into the open step.
     /// @param before  the text that the key had
     void noteChange(FenProperties& item, QString const& key, QString const& before);
+    /// Undoing the open step puts back what the key has now, whoever writes it later (a range that
+    /// the passes find once it is automatic).
+    void keep(FenProperties& item, QString const& key);
 
     /// Path of a setting as a person reads it: names of the node, of the item inside it (data
     /// model levels left out) and the key, as in "plot.x.max".

@@ -84,6 +84,23 @@ TEST_F(ChartNavigationGlTest, ZoomingKeepsTheValueUnderThePointer)
     EXPECT_EQ(10, x()->max.get());
 }
 
+TEST_F(ChartNavigationGlTest, UndoingAFitBringsTheZoomBack)
+{
+    EXPECT_TRUE(navigation->zoom(at(0.5, 0.5), 0.25));
+    layOut();
+    double const min = x()->min.get(), max = x()->max.get();
+    EXPECT_TRUE(navigation->fitAll());
+    layOut(); // the pass writes the whole range into the axis
+    EXPECT_NE(min, x()->min.get());
+    scene->undoStack().undo();
+    layOut();
+    EXPECT_FALSE(x()->autoRange.get());
+    EXPECT_EQ(min, x()->min.get());
+    EXPECT_EQ(max, x()->max.get());
+    scene->undoStack().redo();
+    EXPECT_TRUE(x()->autoRange.get());
+}
+
 TEST_F(ChartNavigationGlTest, ARectangleThatLeavesTheChartShowsWhatIsInside)
 {
     double const pixel = 10.0 / plot->getDataViewport().width();
