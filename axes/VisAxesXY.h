@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/Visualization.h"
-#include "picking/select/VisOglSelect.h"
-#include "services/logging/Export.h"
-#include "services/opengl/OglViewport.h"
+#include "../framework/Visualization.h"
+#include "../picking/select/VisOglSelect.h"
+#include "../services/logging/Export.h"
+#include "../services/opengl/OglViewport.h"
 
 #include <QString>
 

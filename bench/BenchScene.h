@@ -1,8 +1,8 @@
 #pragma once
 
 #include "charts/chart2d/VisChart2D.h"
-#include "host/Scene.h"
 #include "host/headless/OffscreenContext.h"
+#include "host/scene/Scene.h"
 #include "services/chartdata/ChartAxis.h"
 #include "services/opengl/Gl.h"
 

@@ -2,7 +2,7 @@
 
 #include "bench/BenchScene.h"
 
-#include "host/ChartNavigation.h"
+#include "host/input/ChartNavigation.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include "bench/Measure.h"
 
 #include "charts/chart2d/VisChart2D.h"
-#include "host/Scene.h"
 #include "host/headless/OffscreenContext.h"
+#include "host/scene/Scene.h"
 #include "picking/hits/VisHitRecordQuery.h"
 #include "services/chartdata/ChartColumn.h"
 

@@ -2,7 +2,7 @@
 
 #include "bench/BenchScene.h"
 
-#include "host/MouseTracker.h"
+#include "host/input/MouseTracker.h"
 
 namespace {
 

@@ -6,11 +6,11 @@
 
 #include <boost/weak_ptr.hpp>
 
-#include "framework/Visualization.h"
-#include "picking/hits/VisHitRecord.h"
-#include "services/logging/Export.h"
-#include "services/opengl/OglViewport.h"
-#include "services/properties/Viewport.h"
+#include "../framework/Visualization.h"
+#include "../picking/hits/VisHitRecord.h"
+#include "../services/logging/Export.h"
+#include "../services/opengl/OglViewport.h"
+#include "../services/properties/Viewport.h"
 
 class FenChart;
 class FenChartValidVariableList;

@@ -43,12 +43,18 @@ function(fenvis_collect library umbrella)
     get_property(layers GLOBAL PROPERTY ${library}_layers)
     get_property(headers GLOBAL PROPERTY ${library}_headers)
     list(SORT headers)
-    set(text "#pragma once\n\n")
-    foreach(header IN LISTS headers)
-        string(APPEND text "#include \"${header}\"\n")
+    set(places generated installed-headers)
+    set(roots ${PROJECT_SOURCE_DIR}/ "")
+    # Beside the installed headers paths are relative to the umbrella; in the build tree they are whole.
+    # Either way a header of the same path in the user's program cannot come in between.
+    foreach(place root IN ZIP_LISTS places roots)
+        set(text "#pragma once\n\n")
+        foreach(header IN LISTS headers)
+            string(APPEND text "#include \"${root}${header}\"\n")
+        endforeach()
+        file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/${place}/fenvis/${umbrella} CONTENT "${text}" @ONLY)
     endforeach()
-    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/generated/fenvis/${umbrella} CONTENT "${text}" @ONLY)
-    install(FILES ${PROJECT_BINARY_DIR}/generated/fenvis/${umbrella}
+    install(FILES ${PROJECT_BINARY_DIR}/installed-headers/fenvis/${umbrella}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/fenvis COMPONENT Development)
 
     add_library(${library} SHARED ${PROJECT_SOURCE_DIR}/cmake/empty.cpp)
@@ -59,8 +65,7 @@ function(fenvis_collect library umbrella)
     endforeach()
     target_include_directories(${library} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/generated>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/fenvis>)
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     target_include_directories(${library}_testable PUBLIC
         ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
     target_compile_features(${library} PUBLIC cxx_std_20)

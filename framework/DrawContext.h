@@ -1,11 +1,11 @@
 #pragma once
 
-#include "framework/Visualization.h"
-#include "services/logging/Export.h"
-#include "services/math/Matrix.h"
-#include "services/math/NumberFormat.h"
-#include "services/opengl/OglViewport.h"
-#include "services/properties/StringBuilder.h"
+#include "../services/logging/Export.h"
+#include "../services/math/Matrix.h"
+#include "../services/math/NumberFormat.h"
+#include "../services/opengl/OglViewport.h"
+#include "../services/properties/StringBuilder.h"
+#include "Visualization.h"
 
 #include <QPoint>
 #include <QSize>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/Visualization.h"
-#include "services/logging/Export.h"
-#include "services/properties/ViewPtr.h"
+#include "../services/logging/Export.h"
+#include "../services/properties/ViewPtr.h"
+#include "Visualization.h"
 
 #include <QStringList>
 

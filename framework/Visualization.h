@@ -1,12 +1,12 @@
 #pragma once
 
-#include "picking/hits/VisHitProperty.h"
-#include "picking/hits/VisHitRecordList.h"
-#include "services/logging/Export.h"
-#include "services/opengl/OglViewport.h"
-#include "services/properties/ModifiedWatcher.h"
-#include "services/properties/Properties.h"
-#include "services/properties/PropertyAdaptor.h"
+#include "../picking/hits/VisHitProperty.h"
+#include "../picking/hits/VisHitRecordList.h"
+#include "../services/logging/Export.h"
+#include "../services/opengl/OglViewport.h"
+#include "../services/properties/ModifiedWatcher.h"
+#include "../services/properties/Properties.h"
+#include "../services/properties/PropertyAdaptor.h"
 
 #include <QColor>
 #include <QString>
@@ -86,4 +86,4 @@ private:
     FenModifiedWatcher _watcher;
 };
 
-#include "framework/DrawContext.h" // the contexts are part of the class above
+#include "DrawContext.h" // the contexts are part of the class above

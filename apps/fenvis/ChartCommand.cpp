@@ -1,8 +1,8 @@
 #include "apps/fenvis/Command.h"
 #include "apps/fenvis/TableChart.h"
 
-#include "host/FileOutput.h"
-#include "host/Scene.h"
+#include "host/output/FileOutput.h"
+#include "host/scene/Scene.h"
 
 #include <QCommandLineParser>
 

@@ -1,6 +1,6 @@
 #include "apps/fenvis/Command.h"
 
-#include "host/MessageText.h"
+#include "host/output/MessageText.h"
 
 #include <QCommandLineParser>
 

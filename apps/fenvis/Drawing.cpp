@@ -1,9 +1,9 @@
 #include "apps/fenvis/Drawing.h"
 
 #include "host/Limits.h"
-#include "host/Scene.h"
-#include "host/Theme.h"
 #include "host/headless/OffscreenContext.h"
+#include "host/scene/Scene.h"
+#include "host/scene/Theme.h"
 
 #include <QBuffer>
 #include <QCommandLineParser>

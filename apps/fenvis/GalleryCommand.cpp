@@ -2,9 +2,9 @@
 #include "apps/fenvis/Drawing.h"
 
 #include "examples/gallery/Gallery.h"
-#include "host/FileOutput.h"
-#include "host/MessageText.h"
-#include "host/Scene.h"
+#include "host/output/FileOutput.h"
+#include "host/output/MessageText.h"
+#include "host/scene/Scene.h"
 
 #include <QCommandLineParser>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "apps/fenvis/Command.h"
 #include "apps/fenvis/TableChart.h"
 
-#include "host/Scene.h"
+#include "host/scene/Scene.h"
 
 #include "framework/Visualization.h"
 #include "picking/hits/IVisEventHandler.h"

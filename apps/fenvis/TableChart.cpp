@@ -2,10 +2,10 @@
 
 #include "apps/fenvis/Command.h"
 
-#include "host/ChartArguments.h"
-#include "host/DataTable.h"
-#include "host/MessageText.h"
-#include "host/Theme.h"
+#include "host/output/MessageText.h"
+#include "host/scene/Theme.h"
+#include "host/table/ChartArguments.h"
+#include "host/table/DataTable.h"
 
 #include <QCommandLineParser>
 

@@ -2,7 +2,7 @@
 
 #include "apps/fenvis/Drawing.h"
 
-#include "host/ChartBuilder.h"
+#include "host/table/ChartBuilder.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "apps/viewer/PropertyPanel.h"
 
-#include "host/Scene.h"
-#include "host/UndoPropertyEdit.h"
+#include "host/edit/UndoPropertyEdit.h"
+#include "host/scene/Scene.h"
 #include "services/math/Matrix.h"
 #include "services/math/Vector2.h"
 #include "services/math/Vector3.h"

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "axes/VisAxesXY.h"
-#include "charts/VisChart.h"
-#include "picking/select/VisOglSelect.h"
-#include "services/chartdata/Chart2D.h"
-#include "services/chartdata/ChartAxisPairScale.h"
-#include "services/chartdata/ChartPerVariableScaling.h"
-#include "services/chartdata/ChartValidVariableList.h"
-#include "services/chartdata/ChartVariableListCache.h"
-#include "services/math/BoundingBox.h"
-#include "services/math/Vector2.h"
-#include "services/math/Vector3.h"
+#include "../../axes/VisAxesXY.h"
+#include "../../picking/select/VisOglSelect.h"
+#include "../../services/chartdata/Chart2D.h"
+#include "../../services/chartdata/ChartAxisPairScale.h"
+#include "../../services/chartdata/ChartPerVariableScaling.h"
+#include "../../services/chartdata/ChartValidVariableList.h"
+#include "../../services/chartdata/ChartVariableListCache.h"
+#include "../../services/math/BoundingBox.h"
+#include "../../services/math/Vector2.h"
+#include "../../services/math/Vector3.h"
+#include "../VisChart.h"
 
 #include <QPoint>
 

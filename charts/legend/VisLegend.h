@@ -1,12 +1,12 @@
 #pragma once
 
-#include "charts/legend/LegendLayout.h"
-#include "framework/Visualization.h"
-#include "services/chartdata/ChartLegend.h"
-#include "services/logging/Export.h"
-#include "services/math/NiceIntervals.h"
-#include "services/opengl/OglViewport.h"
-#include "services/properties/ViewPtr.h"
+#include "../../framework/Visualization.h"
+#include "../../services/chartdata/ChartLegend.h"
+#include "../../services/logging/Export.h"
+#include "../../services/math/NiceIntervals.h"
+#include "../../services/opengl/OglViewport.h"
+#include "../../services/properties/ViewPtr.h"
+#include "LegendLayout.h"
 
 #include <boost/shared_ptr.hpp>
 

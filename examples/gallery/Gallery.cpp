@@ -1,9 +1,9 @@
 #include "examples/gallery/Gallery.h"
 
-#include "host/ChartArguments.h"
-#include "host/ChartBuilder.h"
-#include "host/DataTable.h"
-#include "host/Theme.h"
+#include "host/scene/Theme.h"
+#include "host/table/ChartArguments.h"
+#include "host/table/ChartBuilder.h"
+#include "host/table/DataTable.h"
 
 #include <QCommandLineParser>
 #include <QFile>

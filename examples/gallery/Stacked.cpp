@@ -1,8 +1,8 @@
 #include "examples/gallery/Gallery.h"
 
-#include "host/DataTable.h"
-#include "host/Scene.h"
-#include "host/Theme.h"
+#include "host/scene/Scene.h"
+#include "host/scene/Theme.h"
+#include "host/table/DataTable.h"
 
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"

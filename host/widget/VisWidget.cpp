@@ -1,6 +1,6 @@
 #include "host/widget/VisWidget.h"
 
-#include "host/Scene.h"
+#include "host/scene/Scene.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

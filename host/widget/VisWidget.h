@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/MouseTracker.h"
-#include "services/logging/Export.h"
+#include "../../services/logging/Export.h"
+#include "../input/MouseTracker.h"
 
 #include <QOpenGLWidget>
 

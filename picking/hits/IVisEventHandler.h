@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/logging/Export.h"
+#include "../../services/logging/Export.h"
 
 class FenStringBuilder;
 class FenVisHitRecord;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "picking/hits/VisHitProperty.h"
-#include "services/logging/Export.h"
-#include "services/math/Matrix.h"
-#include "services/math/Vector3.h"
-#include "services/opengl/OglViewport.h"
+#include "../../services/logging/Export.h"
+#include "../../services/math/Matrix.h"
+#include "../../services/math/Vector3.h"
+#include "../../services/opengl/OglViewport.h"
+#include "VisHitProperty.h"
 
 #include <QPoint>
 

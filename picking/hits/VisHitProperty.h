@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/properties/ViewPtr.h"
+#include "../../services/logging/Export.h"
+#include "../../services/properties/ViewPtr.h"
 
 #include <QHash>
 

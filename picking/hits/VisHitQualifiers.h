@@ -1,7 +1,7 @@
 #pragma once
 
-#include "picking/hits/VisHitProperty.h"
-#include "services/logging/Export.h"
+#include "../../services/logging/Export.h"
+#include "VisHitProperty.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "picking/hits/VisHitRecord.h"
-#include "services/logging/Export.h"
+#include "../../services/logging/Export.h"
+#include "VisHitRecord.h"
 
 #include <boost/weak_ptr.hpp>
 

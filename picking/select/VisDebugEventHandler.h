@@ -1,8 +1,8 @@
 #pragma once
 
-#include "picking/hits/IVisEventHandler.h"
-#include "services/logging/Export.h"
-#include "services/properties/ViewPtr.h"
+#include "../../services/logging/Export.h"
+#include "../../services/properties/ViewPtr.h"
+#include "../hits/IVisEventHandler.h"
 
 class FenVisualization;
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "picking/hits/IVisEventHandler.h"
-#include "picking/hits/VisHitProperty.h"
-#include "services/logging/Export.h"
-#include "services/properties/ViewPtr.h"
+#include "../../services/logging/Export.h"
+#include "../../services/properties/ViewPtr.h"
+#include "../hits/IVisEventHandler.h"
+#include "../hits/VisHitProperty.h"
 
 #include <QString>
 

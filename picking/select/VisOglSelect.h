@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/DrawContext.h"
-#include "services/logging/Export.h"
+#include "../../framework/DrawContext.h"
+#include "../../services/logging/Export.h"
 
 #include <QtGlobal>
 

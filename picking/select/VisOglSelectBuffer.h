@@ -1,7 +1,7 @@
 #pragma once
 
-#include "picking/hits/VisHitRecord.h"
-#include "services/logging/Export.h"
+#include "../../services/logging/Export.h"
+#include "../hits/VisHitRecord.h"
 
 #include <QtGlobal>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "picking/hits/VisHitProperty.h"
-#include "picking/hits/VisHitRecord.h"
-#include "picking/select/VisOglSelect.h"
+#include "../hits/VisHitProperty.h"
+#include "../hits/VisHitRecord.h"
+#include "VisOglSelect.h"
 
 /// Brackets one pickable thing: takes a name, remembers what it stands for, and
 /// withdraws the name at scope end. With an empty handle it does nothing.

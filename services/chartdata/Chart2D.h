@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/chartdata/ChartXYZ.h"
+#include "ChartXYZ.h"
 
 /// Content of a two-dimensional chart.
 class FENVIS_EXPORT FenChart2D : public FenChartXYZ {

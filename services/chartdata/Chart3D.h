@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/chartdata/ChartXYZ.h"
+#include "ChartXYZ.h"
 
 /// Content of a three-dimensional chart.
 class FENVIS_EXPORT FenChart3D : public FenChartXYZ {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/properties/PropertyAdaptor.h"
+#include "../logging/Export.h"
+#include "../properties/PropertyAdaptor.h"
 
 #include <QColor>
 #include <QString>

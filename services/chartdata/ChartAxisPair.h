@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Vector3.h"
-#include "services/properties/Properties.h"
+#include "../logging/Export.h"
+#include "../math/Vector3.h"
+#include "../properties/Properties.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/chartdata/ChartAxisScale.h"
+#include "ChartAxisScale.h"
 
 class FenChartAxisPair;
 class FenChartVariableListCache;

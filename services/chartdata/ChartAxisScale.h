@@ -1,11 +1,11 @@
 #pragma once
 
-#include "services/chartdata/ChartAxis.h"
-#include "services/chartdata/ChartAxisMapping.h"
-#include "services/chartdata/ChartRange.h"
-#include "services/logging/Export.h"
-#include "services/math/NumberFormat.h"
-#include "services/properties/ViewPtr.h"
+#include "../logging/Export.h"
+#include "../math/NumberFormat.h"
+#include "../properties/ViewPtr.h"
+#include "ChartAxis.h"
+#include "ChartAxisMapping.h"
+#include "ChartRange.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/chartdata/Chart.h"
-#include "services/chartdata/ChartVariableList.h"
+#include "Chart.h"
+#include "ChartVariableList.h"
 
 /// Content of a correlation chart: variable i's y column is row i of the matrix.
 class FENVIS_EXPORT FenChartCorrelation : public FenChart {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/chartdata/Chart.h"
-#include "services/properties/Viewport.h"
+#include "../properties/Viewport.h"
+#include "Chart.h"
 
 /// Settings of a legend.
 class FENVIS_EXPORT FenChartLegend : public FenChart {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/chartdata/Chart.h"
-#include "services/chartdata/ChartVariableList.h"
-#include "services/properties/Quantity.h"
+#include "../properties/Quantity.h"
+#include "Chart.h"
+#include "ChartVariableList.h"
 
 /// Content of a chart with an axis per variable (parallel coordinates, spider): item i has entry i of each
 /// variable's y column.

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "services/chartdata/ChartAxisMapping.h"
-#include "services/chartdata/ChartRange.h"
-#include "services/chartdata/ChartVariableCache.h"
-#include "services/math/Matrix.h"
-#include "services/math/Vector2.h"
+#include "../math/Matrix.h"
+#include "../math/Vector2.h"
+#include "ChartAxisMapping.h"
+#include "ChartRange.h"
+#include "ChartVariableCache.h"
 
 class FenChartAxisPairScale;
 class FenChartVariableListCache;

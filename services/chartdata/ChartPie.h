@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/chartdata/Chart.h"
-#include "services/chartdata/ChartVariableList.h"
+#include "Chart.h"
+#include "ChartVariableList.h"
 
 /// Content of a pie chart: each variable is a segment of the ring that its key "ring" names, as large as
 /// the first entry of its y column.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/chartdata/ChartVariableList.h"
+#include "ChartVariableList.h"
 
 class FenChartAxisPair;
 class FenUnitSystem;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/chartdata/ChartRange.h"
-#include "services/chartdata/ChartVariable.h"
-#include "services/math/Vector2.h"
+#include "../math/Vector2.h"
+#include "ChartRange.h"
+#include "ChartVariable.h"
 
 class FenChartVariableCache;
 

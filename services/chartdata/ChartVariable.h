@@ -1,9 +1,9 @@
 #pragma once
 
-#include "services/chartdata/ChartColumn.h"
-#include "services/logging/Export.h"
-#include "services/math/Vector3.h"
-#include "services/properties/PropertyAdaptor.h"
+#include "../logging/Export.h"
+#include "../math/Vector3.h"
+#include "../properties/PropertyAdaptor.h"
+#include "ChartColumn.h"
 
 #include <QColor>
 #include <QList>

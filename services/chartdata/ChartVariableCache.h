@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/chartdata/ChartRange.h"
-#include "services/chartdata/ChartVariable.h"
-#include "services/math/BoundingBox.h"
+#include "../math/BoundingBox.h"
+#include "ChartRange.h"
+#include "ChartVariable.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/chartdata/ChartVariableCache.h"
-#include "services/chartdata/ChartVariableList.h"
+#include "ChartVariableCache.h"
+#include "ChartVariableList.h"
 
 #include <QStringList>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "services/chartdata/Chart.h"
-#include "services/chartdata/ChartAxisPair.h"
-#include "services/chartdata/ChartVariableList.h"
-#include "services/properties/Quantity.h"
+#include "../properties/Quantity.h"
+#include "Chart.h"
+#include "ChartAxisPair.h"
+#include "ChartVariableList.h"
 
 /// Content of a chart with variables over axes: what 2D and 3D charts share.
 ///

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/DebugLogger.h"
-#include "services/logging/Trace.h"
+#include "DebugLogger.h"
+#include "Trace.h"
 
 #include <string>
 

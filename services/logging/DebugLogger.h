@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/logging/Logger.h"
+#include "Export.h"
+#include "Logger.h"
 
 namespace fen {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/logging/Export.h"
+#include "Export.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Vector3.h"
+#include "../logging/Export.h"
+#include "Vector3.h"
 
 namespace Kes::Math {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/NumberFormat.h"
+#include "../logging/Export.h"
+#include "NumberFormat.h"
 
 #include <string>
 #include <vector>

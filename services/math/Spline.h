@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Vector2.h"
-#include "services/math/Vector3.h"
+#include "../logging/Export.h"
+#include "Vector2.h"
+#include "Vector3.h"
 
 #include <vector>
 

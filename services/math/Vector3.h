@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Vector2.h"
+#include "../logging/Export.h"
+#include "Vector2.h"
 
 #include <concepts>
 #include <cstddef>

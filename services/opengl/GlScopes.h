@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/opengl/Gl.h"
-#include "services/opengl/OglDisplayList.h"
+#include "Gl.h"
+#include "OglDisplayList.h"
 
 namespace fen {
 

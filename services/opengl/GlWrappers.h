@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/opengl/Gl.h"
-#include "services/opengl/OglViewport.h"
+#include "../logging/Export.h"
+#include "Gl.h"
+#include "OglViewport.h"
 
 #include <QPoint>
 #include <QSize>

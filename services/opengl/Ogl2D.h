@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/opengl/OglViewport.h"
+#include "../logging/Export.h"
+#include "OglViewport.h"
 
 /// Scope for drawing in pixels over a viewport: saves both matrices and sets a
 /// projection in which one unit is one logical pixel of the viewport, origin at

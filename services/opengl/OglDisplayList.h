@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/opengl/Gl.h"
+#include "../logging/Export.h"
+#include "Gl.h"
 
 #include <memory>
 

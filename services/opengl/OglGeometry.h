@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Vector3.h"
-#include "services/opengl/VertexArrays.h"
+#include "../logging/Export.h"
+#include "../math/Vector3.h"
+#include "VertexArrays.h"
 
 #include <QColor>
 

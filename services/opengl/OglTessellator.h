@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/opengl/Tessellator.h"
+#include "../logging/Export.h"
+#include "Tessellator.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Angle.h"
-#include "services/math/Vector2.h"
+#include "../logging/Export.h"
+#include "../math/Angle.h"
+#include "../math/Vector2.h"
 
 #include <QColor>
 #include <QPoint>

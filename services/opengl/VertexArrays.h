@@ -1,9 +1,9 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Vector2.h"
-#include "services/math/Vector3.h"
-#include "services/opengl/Gl.h"
+#include "../logging/Export.h"
+#include "../math/Vector2.h"
+#include "../math/Vector3.h"
+#include "Gl.h"
 
 #include <QColor>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/properties/PropertyAdaptor.h"
+#include "PropertyAdaptor.h"
 
 #include <QColor>
 #include <QList>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/properties/ViewPtr.h"
+#include "../logging/Export.h"
+#include "ViewPtr.h"
 
 #include <QtGlobal>
 

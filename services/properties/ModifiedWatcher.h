@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/properties/Modified.h"
+#include "../logging/Export.h"
+#include "Modified.h"
 
 /// Tells whether an object changed since the watcher was last reset.
 ///

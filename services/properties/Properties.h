@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/properties/Modified.h"
-#include "services/properties/ModifiedGroup.h"
-#include "services/properties/PropertiesString.h"
+#include "Modified.h"
+#include "ModifiedGroup.h"
+#include "PropertiesString.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Checks.h"
-#include "services/properties/Properties.h"
+#include "../logging/Checks.h"
+#include "Properties.h"
 
 #include <QHash>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/Matrix.h"
-#include "services/math/Vector2.h"
-#include "services/math/Vector3.h"
+#include "../logging/Export.h"
+#include "../math/Matrix.h"
+#include "../math/Vector2.h"
+#include "../math/Vector3.h"
 
 #include <QColor>
 #include <QHash>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/properties/Properties.h"
-#include "services/properties/ViewPtr.h"
+#include "../logging/Export.h"
+#include "Properties.h"
+#include "ViewPtr.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/logging/Export.h"
-#include "services/math/NumberFormat.h"
+#include "../logging/Export.h"
+#include "../math/NumberFormat.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/math/Matrix.h"
-#include "services/properties/PropertyAdaptor.h"
+#include "../math/Matrix.h"
+#include "PropertyAdaptor.h"
 
 /// A placement in space as a property object; the identity by default.
 class FENVIS_EXPORT FenTransform : public FenProperties {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/properties/PropertyAdaptor.h"
+#include "PropertyAdaptor.h"
 
 /// Where a node lies in its parent's rectangle; fills it by default.
 class FENVIS_EXPORT FenViewport : public FenProperties {

@@ -1,7 +1,7 @@
 #include "tests/support/Picture.h"
 
 #include "host/Limits.h"
-#include "host/Theme.h"
+#include "host/scene/Theme.h"
 
 #include <QDir>
 #include <QFile>

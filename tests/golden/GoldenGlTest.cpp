@@ -1,7 +1,7 @@
 #include "examples/gallery/Gallery.h"
-#include "host/DataTable.h"
-#include "host/Scene.h"
 #include "host/headless/OffscreenContext.h"
+#include "host/scene/Scene.h"
+#include "host/table/DataTable.h"
 #include "tests/support/OffscreenGlTest.h"
 
 #include "charts/chart2d/VisChart2D.h"

@@ -3,8 +3,8 @@
 // the colour under random points is compared with what a pick says there.
 
 #include "framework/Visualization.h"
-#include "host/Scene.h"
 #include "host/headless/OffscreenContext.h"
+#include "host/scene/Scene.h"
 #include "picking/hits/VisHitRecordQuery.h"
 #include "tests/promise/IdentityScene.h"
 #include "tests/support/OffscreenGlTest.h"

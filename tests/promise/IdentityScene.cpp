@@ -1,7 +1,7 @@
 #include "tests/promise/IdentityScene.h"
 
 #include "charts/chart2d/VisChart2D.h"
-#include "host/Scene.h"
+#include "host/scene/Scene.h"
 #include "services/chartdata/ChartVariable.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
 #include "framework/VisList.h"
-#include "host/Scene.h"
+#include "host/scene/Scene.h"
 #include "picking/hits/IVisEventHandler.h"
 #include "picking/hits/VisHitRecordQuery.h"
 #include "services/chartdata/ChartVariable.h"

@@ -2,8 +2,8 @@
 
 #include "apps/viewer/PropertyPanel.h"
 #include "charts/chart2d/VisChart2D.h"
-#include "host/Scene.h"
-#include "host/Theme.h"
+#include "host/scene/Scene.h"
+#include "host/scene/Theme.h"
 #include "host/widget/VisWidget.h"
 #include "services/chartdata/ChartAxis.h"
 #include "tests/support/LogCapture.h"

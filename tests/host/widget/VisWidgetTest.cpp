@@ -1,7 +1,7 @@
 #include "host/widget/VisWidget.h"
 
 #include "charts/chart2d/VisChart2D.h"
-#include "host/Scene.h"
+#include "host/scene/Scene.h"
 #include "services/chartdata/ChartAxis.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Picture.h"

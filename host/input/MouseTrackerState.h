@@ -1,0 +1,90 @@
+#pragma once
+
+#include "framework/Visualization.h"
+#include "host/edit/TreeSnapshot.h"
+#include "host/input/ChartNavigation.h"
+#include "host/input/MouseTracker.h"
+#include "picking/hits/VisHitProperty.h"
+#include "picking/hits/VisHitRecord.h"
+
+#include <QTimer>
+
+#include <boost/weak_ptr.hpp>
+
+class IFenVisEventHandler;
+
+/// What a tracker remembers between events, and the steps that events share.
+struct FenMouseTracker::State {
+    /// The winner of one pick. What its name stands for is kept, because a node's table is made
+    /// anew by the next pick.
+    struct Hit {
+        FenVisHitRecord record;
+        boost::weak_ptr<IFenVisEventHandler> handler;
+        fen::view_ptr<FenVisualization const> source;
+        FenVisHitProperty property;
+    };
+    enum Phase {
+        Idle, ///< no button
+        Waiting, ///< pressed, not moved far enough for a drag
+        Undecided, ///< moved, but nobody has taken the drag yet
+        NodeDrags, ///< the node's handler has taken it
+        Navigates, ///< the navigation has taken it
+        RubberBands, ///< a rectangle is being drawn
+        Over ///< ended while the button is still down
+    };
+
+    explicit State(FenVisScene& theScene)
+        : scene(theScene)
+        , navigation(theScene)
+    {
+        rest.setInterval(30);
+    }
+
+    bool may(unsigned any, unsigned other = 0) const { return (interactions & (any | other)) != 0; }
+    bool draggingSomething() const
+    {
+        return phase == NodeDrags || phase == Navigates || phase == RubberBands;
+    }
+    /// Tells the owner when a redraw is due, and passes the answer on.
+    bool answer(bool redraw) const;
+
+    Hit pick(QPoint point) const;
+    /// Picks at the last point and hovers what is there.
+    bool hover();
+    /// Leaves what was hovered and hovers something else.
+    bool enter(Hit next);
+    bool unhover();
+    bool drag(QPoint point);
+    bool finish();
+    bool abandon();
+
+    FenVisScene& scene;
+    FenChartNavigation navigation;
+    Output output;
+    std::function<void(FenVisHitProperty const&)> selected;
+    unsigned interactions = AllInteractions;
+    int dragThreshold = 4; // [px]
+    QSize pickSize = QSize(6, 6); // [px]
+    QTimer rest; // fires when the pointer has rested
+
+    Phase phase = Idle;
+    Qt::MouseButton button = Qt::NoButton;
+    bool rubberBand = false; // the button draws a rectangle
+    QPoint pressPoint; // [px]
+    QPoint lastPoint; // [px] of the last event
+    Hit hit; // of the press
+    Hit hovered;
+    QString tooltip;
+    fen::TreeSnapshot before; // the dragged node at the start of the drag
+
+private:
+    template <class Call>
+    static bool tell(Hit& to, Call const& call);
+    bool forgetHovered();
+    bool startDrag(QPoint point);
+    bool dragNode(QPoint point);
+    bool releaseNode();
+    bool click();
+    void setTooltip(QString const& text);
+    QRect rectangle() const;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "../../services/logging/Export.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace fen {
+
+/// Writes a file whole or not at all: into a temporary file beside the target,
+/// synchronised, renamed over it, and the folder synchronised. On success the
+/// file survives a loss of power; on failure the old one is as it was.
+///
+/// A link is followed; the file keeps its permissions. Devices, pipes and
+/// sockets are written to, never replaced.
+/// @param error  set to "path: message" on failure
+FENVIS_EXPORT bool writeFile(QString const& path, QByteArray const& bytes, QString& error);
+
+/// Reads a regular file, followed through links, into `bytes`. Nothing else is
+/// opened: no folder, pipe or device.
+/// @param limit  [bytes] a longer file is refused
+/// @param error  set to "path: message" on failure
+FENVIS_EXPORT bool readFile(QString const& path, qint64 limit, QByteArray& bytes, QString& error);
+
+} // namespace fen

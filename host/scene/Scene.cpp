@@ -1,0 +1,98 @@
+#include "host/scene/Scene.h"
+
+#include "host/scene/SceneParts.h"
+
+#include "charts/chart2d/VisChart2D.h"
+#include "services/chartdata/ChartAxis.h"
+
+namespace {
+
+void addAxis(FenChartAxisPair& pair, QString const& name)
+{
+    if (!pair.first() && !pair.second()) pair.setFirst(name, FenChartAxisContinuous::typeString);
+}
+
+void touchAll(FenVisualization& node)
+{
+    node.modify();
+    for (unsigned i = 0; i < node.size(); ++i) {
+        if (auto* const child = dynamic_cast<FenVisualization*>(node.at(i))) touchAll(*child);
+    }
+}
+
+} // namespace
+
+void fen::prepareForScene(FenVisualization&) { }
+
+void fen::prepareForScene(FenVisChart2D& chart)
+{
+    addAxis(chart.chart.xAxes, QStringLiteral("x"));
+    addAxis(chart.chart.yAxes, QStringLiteral("y"));
+}
+
+FenVisScene::Parts::Parts()
+    : cache(resource)
+    , text(cache)
+    , root(group, QStringLiteral("node"))
+    , passEdit(boost::make_shared<PassPropertyEdit>())
+    , userEdit(boost::make_shared<FenUndoPropertyEdit>(undoStack))
+{
+    root.enabled.set(true);
+}
+
+FenVisScene::FenVisScene()
+    : _parts(std::make_unique<Parts>())
+    , background(_parts->root, QStringLiteral("background"), Qt::white, QString())
+{
+}
+
+FenVisScene::~FenVisScene()
+{
+    // Lists and textures of the nodes are deleted at once: their context is current or gone.
+    FenOglContextScope const context(_parts->cache);
+    FenVisList& nodes = _parts->root;
+    while (nodes.size() > 0 && nodes.erase(nodes.FenProperties::at(nodes.size() - 1))) { }
+}
+
+FenModifiedGroup& FenVisScene::group() { return _parts->group; }
+FenVisList& FenVisScene::root() { return _parts->root; }
+FenVisList const& FenVisScene::root() const { return _parts->root; }
+FenResource& FenVisScene::resource() { return _parts->resource; }
+FenOglCache& FenVisScene::cache() { return _parts->cache; }
+FenOglText& FenVisScene::text() { return _parts->text; }
+FenOglGeometry& FenVisScene::geometry() { return _parts->geometry; }
+QUndoStack& FenVisScene::undoStack() { return _parts->undoStack; }
+FenUndoPropertyEdit& FenVisScene::propertyEdit() { return *_parts->userEdit; }
+QSize FenVisScene::size() const { return _parts->viewport.size(); }
+double FenVisScene::devicePixelRatio() const { return _parts->pixelRatio; }
+
+void FenVisScene::insertNamed(std::unique_ptr<FenVisualization> node, QString const& name)
+{
+    FenVisList& nodes = _parts->root;
+    QString const wanted = name.isEmpty() ? node->name() : name;
+    QString free = wanted;
+    for (int number = 2; nodes.at(free); ++number) free = wanted + QStringLiteral(".%1").arg(number);
+    node->rename(free);
+    nodes.insert(node.release(), false);
+}
+
+void FenVisScene::resize(QSize pixels, double devicePixelRatio)
+{
+    bool const usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0;
+    FenOglViewport const viewport(0, 0, std::max(0, pixels.width()), std::max(0, pixels.height()));
+    double const ratio = usable ? devicePixelRatio : 1;
+    _parts->layoutStale =
+        _parts->layoutStale || !(viewport == _parts->viewport) || ratio != _parts->pixelRatio;
+    _parts->viewport = viewport;
+    _parts->pixelRatio = ratio;
+}
+
+bool FenVisScene::modified() const { return _parts->layoutStale || _parts->root.watcher().modified(); }
+
+void FenVisScene::touch() { touchAll(_parts->root); }
+
+void FenVisScene::contextChanged()
+{
+    _parts->cache.contextChanged();
+    touch();
+}

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "../../framework/VisList.h"
+#include "../../picking/hits/VisHitRecordList.h"
+#include "../../services/logging/Export.h"
+#include "../../services/math/NumberFormat.h"
+#include "../../services/properties/PropertyAdaptor.h"
+
+#include <QColor>
+#include <QPoint>
+#include <QSize>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+
+class FenModifiedGroup;
+class FenOglCache;
+class FenOglGeometry;
+class FenOglText;
+class FenResource;
+class FenUndoPropertyEdit;
+class FenVisChart2D;
+class QUndoStack;
+
+namespace fen {
+
+/// What `FenVisScene::add` gives a new node before it joins the scene. A chart
+/// gets the axes without which nothing would be drawn: "x" at the bottom and
+/// "y" at the left; pairs that have an axis keep it. Overload it for a class of
+/// your own.
+FENVIS_EXPORT void prepareForScene(FenVisualization& node);
+FENVIS_EXPORT void prepareForScene(FenVisChart2D& chart);
+
+} // namespace fen
+
+/// A tree of nodes and everything that its passes need, without a window and
+/// without an OpenGL context of its own.
+///
+/// Use: add nodes, and whenever a picture is wanted `resize`, `update` and
+/// `draw` with a context current. All operations may be called in any order,
+/// with any size and without a context; then they do what can be done and draw
+/// nothing. `draw` and `select` leave all OpenGL state as they found it.
+class FENVIS_EXPORT FenVisScene {
+    struct Parts;
+    std::unique_ptr<Parts> _parts; // first: the property below is declared on its root node
+
+public:
+    FenVisScene();
+    ~FenVisScene();
+    FenVisScene(FenVisScene const&) = delete;
+    FenVisScene& operator=(FenVisScene const&) = delete;
+
+    // === Content
+
+    /// Colour that the picture is cleared to; key "background" of the root.
+    FenPropertyAdaptor<QColor> background;
+    /// How numbers are written in labels and tooltips. After a change of it call `touch`.
+    Kes::Math::NumberFormat numberFormat;
+
+    FenModifiedGroup& group();
+    FenVisList& root();
+    FenVisList const& root() const;
+    FenResource& resource();
+
+    /// Makes an enabled node in the root. A name that is taken gets the suffix ".2", ".3" ...
+    /// @return the node; it belongs to the root
+    template <class Node>
+    Node& add(QString const& name)
+    {
+        auto node = std::make_unique<Node>(group());
+        node->enabled.set(true);
+        {
+            using fen::prepareForScene;
+            prepareForScene(*node);
+        }
+        Node& added = *node;
+        insertNamed(std::move(node), name);
+        return added;
+    }
+
+    // === Passes
+
+    /// @param pixels            [px] logical size of the picture; empty is allowed
+    /// @param devicePixelRatio  framebuffer pixels per logical one
+    void resize(QSize pixels, double devicePixelRatio = 1);
+    QSize size() const; ///< [px]
+    double devicePixelRatio() const;
+    /// Brings what changed since the last call up to date: the update pass, then the layout of
+    /// the nodes that were updated (of all nodes after a resize).
+    void update();
+    /// True when the next `update` has something to do.
+    bool modified() const;
+    /// Clears to the background and draws the 3D pass, then the 2D pass, into the current
+    /// framebuffer.
+    void draw();
+    /// Picks in the layout of the last `update`.
+    /// @param point  [px] centre of the pick region, origin at the bottom left
+    /// @param size   [px] its extent
+    FenVisHitRecordList select(QPoint point, QSize size);
+
+    /// The OpenGL context has gone or another one is used from now on: forgets every OpenGL
+    /// name without deleting it and marks all nodes modified.
+    void contextChanged();
+    /// Marks all nodes modified, so that the next `update` rebuilds everything.
+    void touch();
+
+    // === Services
+
+    FenOglCache& cache();
+    FenOglText& text();
+    FenOglGeometry& geometry();
+    /// The user's edits, undo and redo.
+    QUndoStack& undoStack();
+    /// The editor that draw passes and panels write through: its writes are undo steps.
+    FenUndoPropertyEdit& propertyEdit();
+
+private:
+    void insertNamed(std::unique_ptr<FenVisualization> node, QString const& name);
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "framework/DrawContext.h"
+#include "framework/IVisPropertyEdit.h"
+#include "host/edit/UndoPropertyEdit.h"
+#include "host/scene/Scene.h"
+#include "services/opengl/OglCache.h"
+#include "services/opengl/OglGeometry.h"
+#include "services/opengl/OglText.h"
+#include "services/opengl/OglViewport.h"
+#include "services/opengl/Resource.h"
+#include "services/properties/ModifiedGroup.h"
+#include "services/properties/Properties.h"
+
+#include <QUndoStack>
+
+#include <boost/make_shared.hpp>
+#include <boost/shared_ptr.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+/// Editor of the update and resize passes: writes what a pass has found, silently. A text that
+/// is there already is no change.
+class PassPropertyEdit : public IFenVisPropertyEdit {
+public:
+    void beginEdit() override { }
+    void editProperty(FenProperties&, FenProperties& item, QString const& key, QString const& value) override
+    {
+        item.setValue(key, value);
+    }
+    void endEdit() override { }
+};
+
+/// What a scene owns, in the order of its making: the group outlives all that belongs to it.
+struct FenVisScene::Parts {
+    Parts();
+
+    FenModifiedGroup group;
+    FenResource resource;
+    FenOglGeometry geometry;
+    FenOglCache cache;
+    FenOglText text;
+    FenVisList root;
+    QUndoStack undoStack;
+    boost::shared_ptr<IFenVisPropertyEdit> passEdit;
+    boost::shared_ptr<FenUndoPropertyEdit> userEdit;
+
+    FenOglViewport viewport; // [px]
+    double pixelRatio = 1;
+    bool layoutStale = true; // size or ratio differ from those of the last layout
+    bool recordedWithoutContext = false;
+
+    /// Context of an update, resize or draw pass over the whole picture.
+    FenVisualization::DrawContext drawContext(boost::shared_ptr<IFenVisPropertyEdit> const& edit,
+                                              Kes::Math::NumberFormat const& numberFormat)
+    {
+        return FenVisualization::DrawContext(geometry, cache, resource, viewport, text, edit, numberFormat);
+    }
+};

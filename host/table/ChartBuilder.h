@@ -1,0 +1,60 @@
+#pragma once
+
+#include "../../services/logging/Export.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+
+class FenDataTable;
+class FenVisChart2D;
+class FenVisScene;
+struct FenTheme;
+
+/// What a 2D chart of a table shows and how; texts are those of the command's options.
+struct FENVIS_EXPORT FenChartOptions {
+    typedef std::optional<std::pair<double, double>> Range;
+
+    QString x; ///< column; empty: the first date column, else the row number
+    /// Columns on the left axis, each text a name or several joined by commas; empty, and none on
+    /// the right: every number column but x.
+    QStringList y;
+    QStringList y2; ///< columns on the right axis
+    QString group; ///< text column: one variable for each of its texts; empty: none
+    QString style = QStringLiteral("line"); ///< none, line, spline, step, bar
+    /// none, rect, ellipse, triangle ...; empty: none, but for a single row, which has no line
+    std::optional<QString> symbol;
+    std::optional<QString> fill; ///< none, solid, sparse, gradient; empty: solid for bars, else none
+    QString lineStyle = QStringLiteral("solid"); ///< solid, dash, dot, dashDot
+    std::optional<double> lineWidth; ///< [px] empty: the theme's
+    std::optional<int> symbolSize; ///< [px] empty: the theme's
+    std::optional<bool> smooth; ///< empty: unless the table is long
+    bool logX = false;
+    bool logY = false; ///< both y axes
+    Range xRange; ///< [data] empty: automatic
+    Range yRange; ///< [data] of the left axis
+    Range y2Range; ///< [data] of the right axis
+    QString title;
+    std::optional<QString> xTitle; ///< empty: the column's name
+    std::optional<QString> yTitle; ///< empty: the column's name when there is one
+    std::optional<QString> y2Title;
+    std::optional<bool> legend; ///< empty: with 2 to 12 variables
+
+    static QStringList styles();
+    static QStringList symbols();
+    static QStringList fills();
+    static QStringList lineStyles();
+};
+
+namespace fen {
+
+/// Adds a 2D chart of a table to a scene.
+/// @param error  set to a message when the options do not fit the table (unknown columns, a
+///     column of the wrong kind, nothing to show); the scene is then unchanged
+/// @return the chart; it belongs to the scene. Null on failure.
+FENVIS_EXPORT FenVisChart2D* addChart(FenVisScene& scene, FenDataTable const& table,
+                                      FenChartOptions const& options, FenTheme const& theme, QString& error);
+
+} // namespace fen

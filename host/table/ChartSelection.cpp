@@ -1,0 +1,159 @@
+#include "host/table/ChartSelection.h"
+
+#include "host/output/MessageText.h"
+#include "host/table/ChartBuilder.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+typedef FenDataTable::Kind Kind;
+typedef FenDataTable::Column Column;
+
+constexpr qsizetype longestName = 80; // [characters] in messages
+
+QString quoted(QString const& name)
+{
+    return QLatin1Char('"') + fen::messageText(name, longestName) + QLatin1Char('"');
+}
+
+QString kindText(Kind kind)
+{
+    return kind == Kind::Number ? QStringLiteral("numbers")
+        : kind == Kind::Date    ? QStringLiteral("dates")
+                                : QStringLiteral("texts");
+}
+
+class Selector {
+public:
+    Selector(FenDataTable const& table, FenChartOptions const& options)
+        : _table(table)
+        , _options(options)
+    {
+    }
+
+    /// @return empty, or what is wrong
+    QString select(fen::ChartSelection& selection)
+    {
+        selection.x = _options.x.isEmpty() ? firstDate() : column(_options.x);
+        if (!_options.group.isEmpty()) selection.group = column(_options.group);
+        for (QString const& name : singleNames(_options.y)) selection.left.push_back(numbers(name));
+        for (QString const& name : singleNames(_options.y2)) selection.right.push_back(numbers(name));
+        if (_error.isEmpty() && selection.left.empty() && selection.right.empty()) takeAll(selection);
+        if (_error.isEmpty()) check(selection);
+        return _error;
+    }
+
+private:
+    void fail(QString const& error)
+    {
+        if (_error.isEmpty()) _error = error;
+    }
+
+    /// Takes lists apart at commas, but for columns whose names have commas.
+    QStringList singleNames(QStringList const& lists) const
+    {
+        QStringList names;
+        for (QString const& list : lists)
+            names +=
+                _table.find(list) >= 0 ? QStringList(list) : list.split(QLatin1Char(','), Qt::SkipEmptyParts);
+        return names;
+    }
+
+    Column const* firstDate() const
+    {
+        for (std::size_t i = 0; i < _table.columns(); ++i)
+            if (_table.column(i).kind == Kind::Date) return &_table.column(i);
+        return nullptr;
+    }
+
+    Column const* column(QString const& name)
+    {
+        int const index = _table.find(name);
+        if (index >= 0) return &_table.column(std::size_t(index));
+        QStringList shown;
+        constexpr std::size_t most = 20;
+        for (std::size_t i = 0; i < std::min(most, _table.columns()); ++i)
+            shown.append(fen::messageText(_table.column(i).name, longestName));
+        QString const more = _table.columns() > most ? QStringLiteral(", ...") : QString();
+        fail(QStringLiteral("no column %1; there are: %2").arg(quoted(name), shown.join(QStringLiteral(", ")))
+             + more);
+        return nullptr;
+    }
+
+    Column const* numbers(QString const& name)
+    {
+        Column const* const found = column(name);
+        if (found && found->kind != Kind::Number)
+            fail(QStringLiteral("column %1 holds %2, not numbers").arg(quoted(name), kindText(found->kind)));
+        return found;
+    }
+
+    void takeAll(fen::ChartSelection& selection)
+    {
+        for (std::size_t i = 0; i < _table.columns(); ++i) {
+            Column const& candidate = _table.column(i);
+            bool const used = &candidate == selection.x || &candidate == selection.group;
+            if (candidate.kind == Kind::Number && !used) selection.left.push_back(&candidate);
+        }
+        if (selection.left.empty()) fail(QStringLiteral("no column of numbers to show"));
+    }
+
+    void check(fen::ChartSelection const& selection)
+    {
+        if (_options.logX && selection.x && selection.x->kind != Kind::Number)
+            fail(QStringLiteral("column %1 holds %2, which have no logarithm")
+                     .arg(quoted(selection.x->name), kindText(selection.x->kind)));
+        if (selection.group && selection.group->kind != Kind::Text)
+            fail(QStringLiteral("column %1 holds %2; groups are made of texts")
+                     .arg(quoted(selection.group->name), kindText(selection.group->kind)));
+    }
+
+    FenDataTable const& _table;
+    FenChartOptions const& _options;
+    QString _error;
+};
+
+} // namespace
+
+QString fen::selectColumns(FenDataTable const& table, FenChartOptions const& options,
+                           ChartSelection& selection)
+{
+    return Selector(table, options).select(selection);
+}
+
+fen::RowGroups fen::groupRows(FenDataTable::Column const& column)
+{
+    fen::RowGroups groups;
+    groups.names = column.categories;
+    auto const without = std::size_t(groups.names.size());
+    groups.rows.resize(without + 1);
+    for (std::size_t i = 0; i < column.values->size(); ++i) {
+        double const value = (*column.values)[i];
+        groups.rows[std::isnan(value) ? without : std::size_t(value)].push_back(i);
+    }
+    if (groups.rows[without].empty())
+        groups.rows.pop_back();
+    else
+        groups.names.append(QStringLiteral("(none)"));
+    return groups;
+}
+
+std::vector<fen::ChartSeries> fen::chartSeries(fen::ChartSelection const& selection,
+                                               fen::RowGroups const& groups)
+{
+    std::vector<fen::ChartSeries> whole;
+    for (Column const* column : selection.left) whole.push_back({column->name, column, false, nullptr});
+    for (Column const* column : selection.right) whole.push_back({column->name, column, true, nullptr});
+    if (!selection.group) return whole;
+    std::vector<fen::ChartSeries> parts;
+    for (fen::ChartSeries const& of : whole) {
+        for (qsizetype i = 0; i < groups.names.size(); ++i) {
+            QString const name =
+                whole.size() == 1 ? groups.names[i] : of.name + QLatin1Char(' ') + groups.names[i];
+            parts.push_back({name, of.column, of.right, &groups.rows[std::size_t(i)]});
+        }
+    }
+    return parts;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/table/DataTable.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstddef>
+#include <vector>
+
+struct FenChartOptions;
+
+namespace fen {
+
+/// Columns of a table that chart options name.
+struct ChartSelection {
+    typedef FenDataTable::Column Column;
+
+    Column const* x = nullptr; ///< null: row number
+    Column const* group = nullptr; ///< null: no groups
+    std::vector<Column const*> left;
+    std::vector<Column const*> right;
+};
+
+/// Finds the columns and looks whether they fit.
+/// @param selection  points into `table` afterwards
+/// @return empty, or what is wrong
+QString selectColumns(FenDataTable const& table, FenChartOptions const& options, ChartSelection& selection);
+
+/// Row indices of one group.
+typedef std::vector<std::size_t> Rows;
+
+/// A group of rows for each text of a column, one more for the rows without any.
+struct RowGroups {
+    QStringList names;
+    std::vector<Rows> rows;
+};
+
+RowGroups groupRows(FenDataTable::Column const& column);
+
+/// One variable to be.
+struct ChartSeries {
+    QString name;
+    FenDataTable::Column const* column;
+    bool right; ///< on the right axis
+    Rows const* rows; ///< null: all
+};
+
+/// Column by column, and group by group within a column.
+std::vector<ChartSeries> chartSeries(ChartSelection const& selection, RowGroups const& groups);
+
+} // namespace fen

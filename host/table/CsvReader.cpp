@@ -1,0 +1,204 @@
+#include "host/table/CsvReader.h"
+
+#include "host/Limits.h"
+
+#include <csv.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+QString atLine(std::size_t line, QString const& message)
+{
+    return QStringLiteral("%1: %2").arg(line).arg(message);
+}
+
+/// Number of bytes of the UTF-8 character at the front; 0 when it is none.
+std::size_t characterLength(std::string_view text)
+{
+    auto const byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    unsigned const lead = byte(0);
+    std::size_t const length = lead < 0x80 ? 1
+        : lead < 0xC2                      ? 0
+        : lead < 0xE0                      ? 2
+        : lead < 0xF0                      ? 3
+        : lead < 0xF5                      ? 4
+                                           : 0;
+    if (length == 0 || length > text.size()) return 0;
+    for (std::size_t i = 1; i < length; ++i)
+        if ((byte(i) & 0xC0U) != 0x80) return 0;
+    if (length < 3) return length;
+    unsigned const second = byte(1);
+    bool const overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
+    bool const outside = (lead == 0xED && second >= 0xA0) || (lead == 0xF4 && second >= 0x90);
+    return overlong || outside ? 0 : length;
+}
+
+/// Bytes that need no look: all of ASCII but the control characters that no text has.
+constexpr std::array<bool, 256> makePlain()
+{
+    std::array<bool, 256> plain{};
+    for (unsigned c = 0x20; c < 0x80; ++c) plain[c] = c != 0x7F;
+    plain['\t'] = plain['\n'] = plain['\r'] = true;
+    return plain;
+}
+
+/// Empty, or why these bytes are no text.
+QString textError(std::string_view text)
+{
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+        return atLine(1, QStringLiteral("this is UTF-16; save it as UTF-8"));
+    static constexpr std::array<bool, 256> plain = makePlain();
+    for (std::size_t i = 0; i < text.size();) {
+        unsigned const byte = static_cast<unsigned char>(text[i]);
+        std::size_t const length = plain[byte] ? 1 : byte < 0x80 ? 0 : characterLength(text.substr(i, 4));
+        if (length == 0) {
+            auto const line =
+                std::size_t(std::count(text.begin(), text.begin() + std::ptrdiff_t(i), '\n')) + 1;
+            QString const hex = QString::number(byte, 16).toUpper().rightJustified(2, QLatin1Char('0'));
+            return atLine(line,
+                          (byte < 0x80 ? QStringLiteral("control character 0x%1: this is no text")
+                                       : QStringLiteral("byte 0x%1 is no UTF-8; save the file as UTF-8"))
+                              .arg(hex));
+        }
+        i += length;
+    }
+    return {};
+}
+
+/// The parser with what its callbacks gather.
+class RowSplitter {
+public:
+    RowSplitter(char separator, fen::ICsvRows& rows)
+        : _rows(rows)
+    {
+        csv_init(&_parser, CSV_STRICT | CSV_STRICT_FINI);
+        csv_set_delim(&_parser, static_cast<unsigned char>(separator));
+        csv_set_blk_size(&_parser, growth);
+    }
+    ~RowSplitter() { csv_free(&_parser); }
+    RowSplitter(RowSplitter const&) = delete;
+    RowSplitter& operator=(RowSplitter const&) = delete;
+
+    QString run(std::string_view text)
+    {
+        std::size_t const firstEnd = text.find_first_of("\r\n");
+        bool const oldEnds =
+            firstEnd != text.npos && text[firstEnd] == '\r' && !text.substr(firstEnd).starts_with("\r\n");
+        std::size_t line = 1;
+        while (!text.empty() && _error.isEmpty()) {
+            std::size_t const end = text.find(oldEnds ? '\r' : '\n');
+            bool const wholeLine = end < largestPiece;
+            std::string_view const piece = text.substr(0, wholeLine ? end + 1 : largestPiece);
+            text.remove_prefix(piece.size());
+            feed(piece, line);
+            line += wholeLine;
+        }
+        if (!_error.isEmpty()) return _error;
+        if (csv_fini(&_parser, fieldEnds, rowEnds, this) != 0)
+            fail(_rowLine, QStringLiteral("a quoted field that begins in this row is never closed"));
+        return _error;
+    }
+
+private:
+    static constexpr std::size_t largestPiece = std::size_t(fen::limits::csvFieldBytes);
+    static constexpr std::size_t growth = 1 << 16; // [bytes] by which the parser's buffer grows
+
+    void feed(std::string_view piece, std::size_t line)
+    {
+        bool const rowBegun = !_ends.empty() || _parser.entry_pos > 0 || _parser.quoted;
+        if (!rowBegun) _rowLine = line;
+        _line = line;
+        std::size_t const used = csv_parse(&_parser, piece.data(), piece.size(), fieldEnds, rowEnds, this);
+        if (!_error.isEmpty()) return;
+        if (used < piece.size()) {
+            bool const memory = csv_error(&_parser) == CSV_ENOMEM;
+            fail(line,
+                 memory ? QStringLiteral("out of memory")
+                        : QStringLiteral("stray quote: a field with quotes is put into quotes and "
+                                         "has them doubled"));
+        }
+        checkLength(_parser.entry_pos);
+    }
+
+    void checkLength(std::size_t bytes)
+    {
+        if (bytes > std::size_t(fen::limits::csvFieldBytes))
+            fail(_line, QStringLiteral("a field is longer than %1 bytes").arg(fen::limits::csvFieldBytes));
+    }
+
+    void fail(std::size_t line, QString const& message)
+    {
+        if (_error.isEmpty()) _error = atLine(line, message);
+    }
+
+    static void fieldEnds(void* bytes, std::size_t length, void* self)
+    {
+        auto& splitter = *static_cast<RowSplitter*>(self);
+        splitter.checkLength(length);
+        if (splitter._ends.size() >= std::size_t(fen::limits::csvColumns))
+            splitter.fail(splitter._line, QStringLiteral("more than %1 fields").arg(fen::limits::csvColumns));
+        if (!splitter._error.isEmpty()) return;
+        splitter._text.append(static_cast<char const*>(bytes), length);
+        splitter._ends.push_back(splitter._text.size());
+    }
+
+    static void rowEnds(int, void* self)
+    {
+        auto& splitter = *static_cast<RowSplitter*>(self);
+        if (splitter._error.isEmpty()) splitter.deliver();
+        splitter._ends.clear();
+        splitter._text.clear();
+    }
+
+    void deliver()
+    {
+        _fields.clear();
+        std::size_t begin = 0;
+        for (std::size_t const end : _ends) {
+            _fields.push_back(std::string_view(_text).substr(begin, end - begin));
+            begin = end;
+        }
+        QString const refused = _rows.row(_fields, _rowLine);
+        if (!refused.isEmpty()) fail(_rowLine, refused);
+    }
+
+    fen::ICsvRows& _rows;
+    csv_parser _parser{};
+    std::size_t _line = 1; // being fed
+    std::size_t _rowLine = 1; // on which the current row begins
+    std::string _text; // of the current row's fields, one after the other
+    std::vector<std::size_t> _ends; // of each field in _text
+    std::vector<std::string_view> _fields;
+    QString _error;
+};
+
+} // namespace
+
+char fen::detectCsvSeparator(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
+    std::array<std::size_t, 3> counts{};
+    constexpr std::string_view separators = ",;\t";
+    bool quoted = false;
+    for (char const c : text) {
+        if (c == '"') quoted = !quoted;
+        if (quoted) continue;
+        if (c == '\n' || c == '\r') break;
+        std::size_t const which = separators.find(c);
+        if (which != separators.npos) ++counts[which];
+    }
+    return separators[std::size_t(std::max_element(counts.begin(), counts.end()) - counts.begin())];
+}
+
+QString fen::readCsv(std::string_view text, char separator, ICsvRows& rows)
+{
+    QString const error = textError(text);
+    if (!error.isEmpty()) return error;
+    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+    return RowSplitter(separator, rows).run(text);
+}
