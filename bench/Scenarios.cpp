@@ -14,7 +14,6 @@
 #include "charts/chart2d/VisChart2D.h"
 #include "host/headless/OffscreenContext.h"
 #include "host/scene/Scene.h"
-#include "picking/hits/VisHitRecordQuery.h"
 #include "services/chartdata/ChartColumn.h"
 
 #include <QGuiApplication>
@@ -198,9 +197,8 @@ void picks()
     size_t place = 0;
     long hits = 0;
     auto const pickOne = [&] {
-        FenVisHitRecordList const list = stage.scene().select(places[place++ % places.size()], QSize(6, 6));
-        if (!FenVisHitRecordQuery::any(list)) return;
-        hits += FenVisHitRecordQuery::top(list).context() != FenVisHitRecord::DEFAULT_NAME;
+        FenVisPick const hit = stage.scene().pick(places[place++ % places.size()], QSize(6, 6));
+        hits += hit && hit.record.context() != FenVisHitRecord::DEFAULT_NAME;
     };
     auto const first = bench::measurePart([&] {
         show();

@@ -6,7 +6,6 @@
 #include "framework/Visualization.h"
 #include "picking/hits/IVisEventHandler.h"
 #include "picking/hits/VisHitRecordList.h"
-#include "picking/hits/VisHitRecordQuery.h"
 #include "services/properties/StringBuilder.h"
 
 #include <QCommandLineParser>
@@ -57,15 +56,13 @@ QJsonObject pickObject(FenVisScene& scene, QPoint point)
     object[QStringLiteral("hits")] = hitsArray(list);
     object[QStringLiteral("top")] = QJsonValue();
     object[QStringLiteral("tooltip")] = QString();
-    if (!FenVisHitRecordQuery::any(list)) return object;
-    boost::weak_ptr<IFenVisEventHandler> handler;
-    FenVisualization const* source = nullptr;
-    FenVisHitRecord const record = FenVisHitRecordQuery::top(list, &handler, &source);
+    FenVisPick const picked(list);
+    if (!picked) return object;
     QString tooltip;
-    if (auto const live = handler.lock())
-        live->OnMouseOver(record, FenStringBuilder(scene.numberFormat), tooltip);
-    QJsonObject top = recordObject(source, record); // the handler has made out the data point
-    top[QStringLiteral("node")] = source ? QJsonValue(source->name()) : QJsonValue();
+    if (auto const live = picked.handler.lock())
+        live->OnMouseOver(picked.record, FenStringBuilder(scene.numberFormat), tooltip);
+    QJsonObject top = recordObject(picked.node, picked.record); // the handler has made out the data point
+    top[QStringLiteral("node")] = picked.node->name();
     object[QStringLiteral("top")] = top;
     object[QStringLiteral("tooltip")] = tooltip;
     return object;
@@ -96,7 +93,7 @@ int command::runPick(Call const& call, Command const& self)
     int status = Success;
     if (!parse(call, self, 1, 1, parser, status)) return status;
     std::optional<QPoint> const at = pointFrom(parser.value(QStringLiteral("at")));
-    if (!at) return wrongUsage(self, QStringLiteral("--at X,Y is missing or no point"));
+    if (!at) return wrongUsage(self, QStringLiteral("--at X,Y: expected a point such as 640,400"));
 
     TableChart chart;
     if (std::optional<int> const failure = chart.prepare(call, self, parser)) return *failure;

@@ -19,15 +19,11 @@ std::string describe(FenVisHitProperty const& what)
     return text;
 }
 
-/// A pick without a mouse: the hit that wins at a point [px, y up] of the widget.
+/// A pick without a mouse: what lies at a point [px, y up] of the widget.
 FenVisHitProperty pickAt(FenVisWidget& widget, QPoint point)
 {
     widget.makeCurrent();
-    FenVisHitRecordList const hits = widget.scene().select(point, QSize(6, 6));
-    if (!FenVisHitRecordQuery::any(hits)) return {};
-    FenVisualization const* node = nullptr;
-    FenVisHitRecord const top = FenVisHitRecordQuery::top(hits, nullptr, &node);
-    return node ? node->hitProperty(top.context()) : FenVisHitProperty();
+    return widget.scene().pick(point, QSize(6, 6)).property;
 }
 
 void addCurve(FenVisChart2D& plot, QString const& name, QColor const& color, std::vector<double> values)

@@ -4,8 +4,6 @@
 #include "host/scene/Scene.h"
 #include "picking/hits/IVisEventHandler.h"
 #include "picking/hits/VisHitQualifiers.h"
-#include "picking/hits/VisHitRecordList.h"
-#include "picking/hits/VisHitRecordQuery.h"
 #include "services/properties/StringBuilder.h"
 
 #include <QStringList>
@@ -45,14 +43,7 @@ bool FenMouseTracker::State::answer(bool redraw) const
 FenMouseTracker::State::Hit FenMouseTracker::State::pick(QPoint point) const
 {
     if (output.makeCurrent) output.makeCurrent();
-    FenVisHitRecordList const hits = scene.select(point, pickSize);
-    if (!FenVisHitRecordQuery::any(hits)) return {};
-    Hit winner;
-    FenVisualization const* source = nullptr;
-    winner.record = FenVisHitRecordQuery::top(hits, &winner.handler, &source);
-    winner.source = source;
-    if (source) winner.property = source->hitProperty(winner.record.context());
-    return winner;
+    return Hit(scene.pick(point, pickSize));
 }
 
 /// Calls the handler of a hit with its name standing for what it stood for when it was picked, and

@@ -4,24 +4,22 @@
 #include "host/edit/TreeSnapshot.h"
 #include "host/input/ChartNavigation.h"
 #include "host/input/MouseTracker.h"
-#include "picking/hits/VisHitProperty.h"
-#include "picking/hits/VisHitRecord.h"
+#include "host/scene/VisPick.h"
 
 #include <QTimer>
 
-#include <boost/weak_ptr.hpp>
-
-class IFenVisEventHandler;
-
 /// What a tracker remembers between events, and the steps that events share.
 struct FenMouseTracker::State {
-    /// The winner of one pick. What its name stands for is kept, because a node's table is made
-    /// anew by the next pick.
-    struct Hit {
-        FenVisHitRecord record;
-        boost::weak_ptr<IFenVisEventHandler> handler;
+    /// The winner of one pick, kept until long after it: ask `source` in place of `node`, which may
+    /// be gone. What its name stands for is kept, because a node's table is made anew by each pick.
+    struct Hit : FenVisPick {
+        Hit() = default;
+        explicit Hit(FenVisPick const& picked)
+            : FenVisPick(picked)
+            , source(picked.node)
+        {
+        }
         fen::view_ptr<FenVisualization const> source;
-        FenVisHitProperty property;
     };
     enum Phase {
         Idle, ///< no button

@@ -5,7 +5,6 @@
 #include "framework/Visualization.h"
 #include "host/headless/OffscreenContext.h"
 #include "host/scene/Scene.h"
-#include "picking/hits/VisHitRecordQuery.h"
 #include "tests/promise/IdentityScene.h"
 #include "tests/support/OffscreenGlTest.h"
 
@@ -51,12 +50,8 @@ protected:
     /// Owner of the winning hit at a point [px, y up]; null for none and for a node's catch-all.
     static FenProperties const* pickedOwner(FenVisScene& scene, QPoint const& point)
     {
-        FenVisHitRecordList const hits = scene.select(point, QSize(1, 1));
-        if (!FenVisHitRecordQuery::any(hits)) return nullptr;
-        FenVisualization const* source = nullptr;
-        FenVisHitRecord const top = FenVisHitRecordQuery::top(hits, nullptr, &source);
-        if (!source || top.context() == FenVisHitRecord::DEFAULT_NAME) return nullptr;
-        return source->hitProperty(top.context()).property;
+        FenVisPick const hit = scene.pick(point, QSize(1, 1));
+        return hit.record.context() == FenVisHitRecord::DEFAULT_NAME ? nullptr : hit.property.property;
     }
 
     /// Whether the colour lies within `reach` [px] of a point. A pick sees whatever crosses the square of

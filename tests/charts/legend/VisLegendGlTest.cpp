@@ -3,7 +3,6 @@
 #include "framework/VisList.h"
 #include "host/scene/Scene.h"
 #include "picking/hits/IVisEventHandler.h"
-#include "picking/hits/VisHitRecordQuery.h"
 #include "services/chartdata/ChartVariable.h"
 #include "services/properties/StringBuilder.h"
 #include "tests/support/OffscreenGlTest.h"
@@ -56,23 +55,7 @@ protected:
                       own.y() + rectangle.y() + rectangle.height() / 2);
     }
 
-    struct Pick {
-        FenVisualization const* node = nullptr;
-        FenProperties const* owner = nullptr;
-        FenVisHitRecord record;
-        boost::shared_ptr<IFenVisEventHandler> handler;
-    };
-    Pick pick(QPoint const& at)
-    {
-        Pick result;
-        FenVisHitRecordList const hits = scene->select(at, QSize(3, 3));
-        if (!FenVisHitRecordQuery::any(hits)) return result;
-        boost::weak_ptr<IFenVisEventHandler> handler;
-        result.record = FenVisHitRecordQuery::top(hits, &handler, &result.node);
-        result.handler = handler.lock();
-        result.owner = result.node->hitProperty(result.record.context()).property;
-        return result;
-    }
+    FenVisPick pick(QPoint const& at) { return scene->pick(at, QSize(3, 3)); }
 
     std::unique_ptr<FenVisScene> scene;
     FenVisChart2D* chart = nullptr;
@@ -128,43 +111,43 @@ TEST_F(VisLegendGlTest, FollowsItsChartThroughRenameDisableAndDelete)
 
 TEST_F(VisLegendGlTest, PicksEntriesAndLeavesTheChartBesideItsBoxPickable)
 {
-    Pick const green = pick(entry(1));
+    FenVisPick const green = pick(entry(1));
     EXPECT_EQ(legend, green.node);
-    EXPECT_EQ(&chart->chart.variables[1], green.owner);
+    EXPECT_EQ(&chart->chart.variables[1], green.property.property);
     EXPECT_DOUBLE_EQ(0.5, green.record.depth());
 
     QString tooltip;
-    ASSERT_TRUE(green.handler);
-    EXPECT_TRUE(green.handler->OnMouseOver(green.record, FenStringBuilder(), tooltip));
+    ASSERT_TRUE(green.handler.lock());
+    EXPECT_TRUE(green.handler.lock()->OnMouseOver(green.record, FenStringBuilder(), tooltip));
     EXPECT_EQ("green", tooltip);
-    EXPECT_FALSE(green.handler->OnMouseOver(green.record, FenStringBuilder(), tooltip));
+    EXPECT_FALSE(green.handler.lock()->OnMouseOver(green.record, FenStringBuilder(), tooltip));
 
     FenOglViewport const data = chart->getDataViewport();
-    Pick const beside = pick(QPoint(data.x() + data.width() / 2, data.y() + data.height() / 2));
+    FenVisPick const beside = pick(QPoint(data.x() + data.width() / 2, data.y() + data.height() / 2));
     EXPECT_EQ(chart, beside.node);
 }
 
 TEST_F(VisLegendGlTest, IsDraggedInsideTheDataRectangleAndKeepsItsPlace)
 {
-    Pick const grip = pick(entry(0));
-    ASSERT_TRUE(grip.handler);
+    FenVisPick const grip = pick(entry(0));
+    ASSERT_TRUE(grip.handler.lock());
     FenOglViewport const before = legend->box();
-    EXPECT_TRUE(grip.handler->OnMouseDrag(grip.record, QPoint(60, 40)));
-    EXPECT_TRUE(grip.handler->OnMouseDrag(grip.record, QPoint(10, 5)));
+    EXPECT_TRUE(grip.handler.lock()->OnMouseDrag(grip.record, QPoint(60, 40)));
+    EXPECT_TRUE(grip.handler.lock()->OnMouseDrag(grip.record, QPoint(10, 5)));
     draw();
     EXPECT_EQ(QPoint(before.x() - 70, before.y() - 45), legend->box().origin());
-    EXPECT_TRUE(grip.handler->OnMouseRelease(grip.record));
+    EXPECT_TRUE(grip.handler.lock()->OnMouseRelease(grip.record));
     draw();
     EXPECT_EQ(QPoint(before.x() - 70, before.y() - 45), legend->box().origin());
     EXPECT_DOUBLE_EQ(before.x() - 70, legend->legend.viewport.x.get());
 
-    Pick const again = pick(entry(0));
-    again.handler->OnMouseDrag(again.record, QPoint(100000, -100000));
-    EXPECT_TRUE(again.handler->OnMouseRelease(again.record)); // before it was drawn there
+    FenVisPick const again = pick(entry(0));
+    again.handler.lock()->OnMouseDrag(again.record, QPoint(100000, -100000));
+    EXPECT_TRUE(again.handler.lock()->OnMouseRelease(again.record)); // before it was drawn there
     EXPECT_DOUBLE_EQ(0, legend->legend.viewport.x.get());
     draw();
     EXPECT_EQ(0, legend->box().x());
-    EXPECT_FALSE(again.handler->OnMouseRelease(again.record)); // nothing was dragged
+    EXPECT_FALSE(again.handler.lock()->OnMouseRelease(again.record)); // nothing was dragged
 }
 
 TEST_F(VisLegendGlTest, ShowsTheValuesOfAGradientBesideItsColours)
