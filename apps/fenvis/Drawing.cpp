@@ -31,17 +31,17 @@ bool command::PictureOptions::read(QCommandLineParser const& parser, QString& er
     if (parser.isSet(QStringLiteral("size"))) {
         static QRegularExpression const pattern(QStringLiteral("^([0-9]{1,9})x([0-9]{1,9})$"));
         QRegularExpressionMatch const match = pattern.match(parser.value(QStringLiteral("size")));
-        if (!match.hasMatch()) error = QStringLiteral("--size is no size as 1280x800");
+        if (!match.hasMatch()) error = QStringLiteral("--size: expected a size such as 1280x800");
         size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
     }
     if (parser.isSet(QStringLiteral("scale"))) {
         bool number = false;
         scale = parser.value(QStringLiteral("scale")).toDouble(&number);
-        if (!number || !std::isfinite(scale)) error = QStringLiteral("--scale is no number");
+        if (!number || !std::isfinite(scale)) error = QStringLiteral("--scale: expected a number");
     }
     if (parser.isSet(QStringLiteral("theme"))) {
         theme = FenTheme::find(parser.value(QStringLiteral("theme")));
-        if (!theme) error = QStringLiteral("--theme is none of: light, dark");
+        if (!theme) error = QStringLiteral("--theme: expected one of: light, dark");
     }
     return error.isEmpty();
 }

@@ -1,8 +1,6 @@
 #include "apps/viewer/MainWindow.h"
 
 #include "apps/viewer/PropertyPanel.h"
-#include "charts/chart2d/VisChart2D.h"
-#include "charts/legend/VisLegend.h"
 #include "host/input/ChartNavigation.h"
 #include "host/input/MouseTracker.h"
 #include "host/output/FileOutput.h"
@@ -129,11 +127,7 @@ void MainWindow::setTheme(FenTheme const& theme)
     _theme = &theme;
     FenVisScene& scene = _view->scene();
     theme.apply(scene);
-    for (unsigned i = 0; i < scene.root().size(); ++i) {
-        FenVisualization* const node = scene.root().at(i);
-        if (auto* const chart = dynamic_cast<FenVisChart2D*>(node)) theme.apply(*chart);
-        if (auto* const legend = dynamic_cast<FenVisLegend*>(node)) theme.apply(*legend);
-    }
+    for (unsigned i = 0; i < scene.root().size(); ++i) theme.apply(*scene.root().at(i));
     _view->update();
 }
 

@@ -1,9 +1,13 @@
 #include "host/input/ChartNavigation.h"
 
-#include "charts/chart2d/VisChart2D.h"
 #include "host/edit/UndoPropertyEdit.h"
 #include "host/input/NavigatedAxis.h"
 #include "host/scene/Scene.h"
+#include "host/table/ChartKinds.h"
+
+#include "charts/VisChart.h"
+#include "services/chartdata/Chart.h"
+#include "services/chartdata/ChartAxis.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,27 +22,27 @@ int const smallestRubberBand = 4; // [px]
 
 /// A chart and where it was laid out.
 struct Place {
-    FenVisChart2D* chart = nullptr;
+    FenVisChart* chart = nullptr; // null: none whose ranges can be chosen
+    fen::ChartSides sides;
     FenOglViewport own; // [px, window]
     FenOglViewport data; // [px, window] rectangle of the data
 
-    FenChart2D& content() const { return chart->chart; }
+    FenChart& content() const { return *fen::contentOf(*chart); }
 };
 
-/// The topmost chart of a class under a point, and its rectangle. The root's children only: lists
-/// inside lists draw in the same rectangle and are searched too.
-template <class Chart>
-Chart* chartAt(FenVisList& nodes, FenOglViewport const& parent, QPoint point, FenOglViewport& rectangle)
+/// The topmost chart under a point, and its rectangle. Lists inside lists draw in the same rectangle
+/// and are searched too.
+FenVisChart* chartAt(FenVisList& nodes, FenOglViewport const& parent, QPoint point, FenOglViewport& rectangle)
 {
-    Chart* found = nullptr;
+    FenVisChart* found = nullptr;
     for (unsigned i = 0; i < nodes.size(); ++i) {
         FenVisualization* const node = nodes.at(i);
         if (!node || !node->enabled.get()) continue;
         if (auto* const list = dynamic_cast<FenVisList*>(node)) {
-            if (Chart* const inside = chartAt<Chart>(*list, parent, point, rectangle)) found = inside;
+            if (FenVisChart* const inside = chartAt(*list, parent, point, rectangle)) found = inside;
             continue;
         }
-        auto* const chart = dynamic_cast<Chart*>(node);
+        auto* const chart = dynamic_cast<FenVisChart*>(node);
         FenOglViewport own;
         if (!chart || !chart->getViewport(parent, own) || !own.contains(point)) continue;
         if (found && found->layer.get() > chart->layer.get()) continue;
@@ -48,25 +52,26 @@ Chart* chartAt(FenVisList& nodes, FenOglViewport const& parent, QPoint point, Fe
     return found;
 }
 
-/// The 2D chart under a point; none when it shows its 3D view or has no room for data.
+fen::ChartSides sidesOf(FenVisualization& chart)
+{
+    fen::ChartKind const* const kind = fen::chartKindOf(chart);
+    return kind && kind->sides && fen::contentOf(chart) ? kind->sides(chart) : fen::ChartSides();
+}
+
+/// The chart under a point; none when it has no axes to move or no room for data.
 Place placeAt(FenVisScene& scene, QPoint point)
 {
     Place place;
     FenOglViewport const whole(0, 0, scene.size().width(), scene.size().height());
-    FenVisChart2D* const chart = chartAt<FenVisChart2D>(scene.root(), whole, point, place.own);
-    if (!chart || chart->chart.view3D.get()) return place;
+    FenVisChart* const chart = chartAt(scene.root(), whole, point, place.own);
+    if (!chart) return place;
+    place.sides = sidesOf(*chart);
+    if (place.sides.axes().empty()) return place;
     FenOglViewport const data = chart->getDataViewport();
     place.data =
         FenOglViewport(place.own.x() + data.x(), place.own.y() + data.y(), data.width(), data.height());
     if (place.data.valid()) place.chart = chart;
     return place;
-}
-
-std::vector<NavigatedAxis> axesOf(Place const& place, FenChartAxis* axis, bool horizontal)
-{
-    auto const& scales = horizontal ? place.chart->xScale() : place.chart->yScale();
-    return axis ? std::vector{NavigatedAxis(*axis, scales.find(axis->name()), horizontal)}
-                : std::vector<NavigatedAxis>();
 }
 
 /// All axes for a point over the data, those of one side for a point beside it.
@@ -76,18 +81,16 @@ std::vector<NavigatedAxis> axesAt(Place const& place, QPoint point)
     bool const right = point.x() >= place.data.x() + place.data.width();
     bool const below = point.y() < place.data.y();
     bool const above = point.y() >= place.data.y() + place.data.height();
-    FenChart2D& chart = place.content();
     std::vector<NavigatedAxis> axes;
-    auto const add = [&](bool wanted, FenChartAxis* axis, bool horizontal) {
-        if (!wanted) return;
-        for (NavigatedAxis const& one : axesOf(place, axis, horizontal)) axes.push_back(one);
+    auto const add = [&](bool wanted, fen::ChartSides::Side const& side, bool horizontal) {
+        if (wanted && side.axis) axes.emplace_back(*side.axis, side.scale, horizontal);
     };
     bool const inRows = !below && !above;
     bool const inColumns = !left && !right;
-    add(inColumns && !above, chart.xAxes.first(), true);
-    add(inColumns && !below, chart.xAxes.second(), true);
-    add(inRows && !right, chart.yAxes.first(), false);
-    add(inRows && !left, chart.yAxes.second(), false);
+    add(inColumns && !above, place.sides.bottom, true);
+    add(inColumns && !below, place.sides.top, true);
+    add(inRows && !right, place.sides.left, false);
+    add(inRows && !left, place.sides.right, false);
     return axes;
 }
 
@@ -99,27 +102,25 @@ double fractionAt(Place const& place, QPoint point, bool horizontal)
 }
 
 /// Axes that have a range chosen by hand get an automatic one again.
-bool fitAxes(FenUndoPropertyEdit& edit, FenVisChart2D& chart)
+bool fitAxes(FenUndoPropertyEdit& edit, FenVisChart& chart)
 {
     bool changed = false;
-    for (FenChartAxisPair* const pair : {&chart.chart.xAxes, &chart.chart.yAxes}) {
-        for (FenChartAxis* const axis : {pair->first(), pair->second()}) {
-            if (!axis || axis->autoRange.get()) continue;
-            edit.keep(*axis, axis->min.name());
-            edit.keep(*axis, axis->max.name());
-            edit.edit(*axis, axis->autoRange.name(), QStringLiteral("true"));
-            changed = true;
-        }
+    for (FenChartAxis* const axis : sidesOf(chart).axes()) {
+        if (axis->autoRange.get()) continue;
+        edit.keep(*axis, axis->min.name());
+        edit.keep(*axis, axis->max.name());
+        edit.edit(*axis, axis->autoRange.name(), QStringLiteral("true"));
+        changed = true;
     }
     return changed;
 }
 
-void forEachChart(FenVisList& nodes, std::function<void(FenVisChart2D&)> const& operation)
+void forEachChart(FenVisList& nodes, std::function<void(FenVisChart&)> const& operation)
 {
     for (unsigned i = 0; i < nodes.size(); ++i) {
         FenVisualization* const node = nodes.at(i);
         if (auto* const list = dynamic_cast<FenVisList*>(node)) forEachChart(*list, operation);
-        if (auto* const chart = dynamic_cast<FenVisChart2D*>(node)) operation(*chart);
+        if (auto* const chart = dynamic_cast<FenVisChart*>(node)) operation(*chart);
     }
 }
 
@@ -129,7 +130,7 @@ void forEachChart(FenVisList& nodes, std::function<void(FenVisChart2D&)> const& 
 struct FenChartNavigation::Drag {
     QPoint start; // [px]
     Place place;
-    fen::view_ptr<FenVisChart2D> chart; // as in `place`; null when it is gone
+    fen::view_ptr<FenVisChart> chart; // as in `place`; null when it is gone
     std::vector<NavigatedAxis> axes; // as they were at the start
 };
 
@@ -191,7 +192,7 @@ bool FenChartNavigation::fitAll()
     FenUndoPropertyEdit& edit = _scene.propertyEdit();
     edit.beginStep(QStringLiteral("Fit all charts"));
     bool changed = false;
-    forEachChart(_scene.root(), [&](FenVisChart2D& chart) { changed = fitAxes(edit, chart) || changed; });
+    forEachChart(_scene.root(), [&](FenVisChart& chart) { changed = fitAxes(edit, chart) || changed; });
     edit.endStep();
     return changed;
 }

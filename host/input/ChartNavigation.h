@@ -9,7 +9,7 @@
 
 class FenVisScene;
 
-/// Zooming, panning and fitting of charts, as writes of the axes' "autoRange",
+/// Zooming, panning and fitting of charts that have axes to do it with, as writes of the axes' "autoRange",
 /// "min" and "max" through the scene's undo editor.
 ///
 /// Everything happens in the numbers the axis shows, in double; logarithmic
@@ -23,20 +23,20 @@ public:
     FenChartNavigation(FenChartNavigation const&) = delete;
     FenChartNavigation& operator=(FenChartNavigation const&) = delete;
 
-    /// Zooms the 2D chart under a point so that the value there stays. Beside the data
+    /// Zooms the chart under a point so that the value there stays. Beside the data
     /// rectangle only the axes of that side are zoomed.
     /// @param factor  extent of the new ranges over the old ones: below 1 magnifies
     /// @return true when something changed
     bool zoom(QPoint point, double factor);
-    /// Shows the part of a 2D chart's data rectangle inside `rectangle` [px].
+    /// Shows the part of a chart's data rectangle inside `rectangle` [px].
     /// @param from  [px] where the rectangle was begun: chooses chart and axes as in `zoom`
     bool zoomTo(QRect const& rectangle, QPoint from);
-    /// Automatic ranges again for the 2D chart under the point.
+    /// Automatic ranges again for the chart under the point.
     bool fit(QPoint point);
-    /// The same for every 2D chart of the scene.
+    /// The same for every chart of the scene.
     bool fitAll();
 
-    /// Begins moving the 2D chart under the point (beside its data: the axes of that side).
+    /// Begins moving the chart under the point (beside its data: the axes of that side).
     /// @return false when there is nothing to move
     bool beginDrag(QPoint point);
     bool drag(QPoint point);
@@ -45,7 +45,7 @@ public:
     /// Everything as before the drag.
     void cancelDrag();
     bool dragging() const;
-    /// True when a 2D chart whose ranges can be chosen lies under the point.
+    /// True when a chart whose ranges can be chosen lies under the point.
     bool canZoom(QPoint point) const;
 
 private:

@@ -1,16 +1,9 @@
 #include "host/scene/Scene.h"
 
 #include "host/scene/SceneParts.h"
-
-#include "charts/chart2d/VisChart2D.h"
-#include "services/chartdata/ChartAxis.h"
+#include "host/table/ChartKinds.h"
 
 namespace {
-
-void addAxis(FenChartAxisPair& pair, QString const& name)
-{
-    if (!pair.first() && !pair.second()) pair.setFirst(name, FenChartAxisContinuous::typeString);
-}
 
 void touchAll(FenVisualization& node)
 {
@@ -22,12 +15,10 @@ void touchAll(FenVisualization& node)
 
 } // namespace
 
-void fen::prepareForScene(FenVisualization&) { }
-
-void fen::prepareForScene(FenVisChart2D& chart)
+void fen::prepareForScene(FenVisualization& node)
 {
-    addAxis(chart.chart.xAxes, QStringLiteral("x"));
-    addAxis(chart.chart.yAxes, QStringLiteral("y"));
+    ChartKind const* const kind = chartKindOf(node);
+    if (kind && kind->prepare) kind->prepare(node);
 }
 
 FenVisScene::Parts::Parts()

@@ -5,6 +5,7 @@
 #include "../../services/logging/Export.h"
 #include "../../services/math/NumberFormat.h"
 #include "../../services/properties/PropertyAdaptor.h"
+#include "VisPick.h"
 
 #include <QColor>
 #include <QPoint>
@@ -20,7 +21,6 @@ class FenOglGeometry;
 class FenOglText;
 class FenResource;
 class FenUndoPropertyEdit;
-class FenVisChart2D;
 class QUndoStack;
 
 namespace fen {
@@ -30,7 +30,6 @@ namespace fen {
 /// "y" at the left; pairs that have an axis keep it. Overload it for a class of
 /// your own.
 FENVIS_EXPORT void prepareForScene(FenVisualization& node);
-FENVIS_EXPORT void prepareForScene(FenVisChart2D& chart);
 
 } // namespace fen
 
@@ -98,6 +97,8 @@ public:
     /// @param point  [px] centre of the pick region, origin at the bottom left
     /// @param size   [px] its extent
     FenVisHitRecordList select(QPoint point, QSize size);
+    /// The hit that wins there; empty when nothing was hit.
+    FenVisPick pick(QPoint point, QSize size) { return FenVisPick(select(point, size)); }
 
     /// The OpenGL context has gone or another one is used from now on: forgets every OpenGL
     /// name without deleting it and marks all nodes modified.

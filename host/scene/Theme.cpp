@@ -1,11 +1,14 @@
 #include "host/scene/Theme.h"
 
 #include "host/scene/Scene.h"
+#include "host/table/ChartKinds.h"
 
-#include "charts/chart2d/VisChart2D.h"
+#include "charts/VisChart.h"
 #include "charts/legend/VisLegend.h"
 #include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartAxisPair.h"
 #include "services/chartdata/ChartVariable.h"
+#include "services/chartdata/ChartVariableList.h"
 
 namespace {
 
@@ -96,17 +99,25 @@ QColor FenTheme::color(unsigned index) const
 
 void FenTheme::apply(FenVisScene& scene) const { scene.background.set(background); }
 
-void FenTheme::apply(FenVisChart2D& chart) const
+void FenTheme::apply(FenVisualization& node) const
 {
-    chart.chart.titleColor.set(title);
-    chart.chart.textColor.set(text);
-    for (FenChartAxisPair* pair : {&chart.chart.xAxes, &chart.chart.yAxes, &chart.chart.zAxes}) {
-        for (FenChartAxis* item : {pair->first(), pair->second()})
-            if (item) apply(*item);
-        // Two grids over each other cannot be read.
-        if (pair->first() && pair->second()) pair->second()->gridColor.set(Qt::transparent);
+    if (auto* const legend = dynamic_cast<FenVisLegend*>(&node)) legend->legend.textColor.set(text);
+    FenChart* const chart = dynamic_cast<FenVisChart*>(&node) ? fen::contentOf(node) : nullptr;
+    if (!chart) return;
+    chart->titleColor.set(title);
+    chart->textColor.set(text);
+    for (unsigned child = 0; child < chart->size(); ++child) {
+        if (auto* const pair = dynamic_cast<FenChartAxisPair*>(chart->at(child))) {
+            for (FenChartAxis* item : {pair->first(), pair->second()})
+                if (item) apply(*item);
+            // Two grids over each other cannot be read.
+            if (pair->first() && pair->second()) pair->second()->gridColor.set(Qt::transparent);
+        }
+        if (auto* const variables = dynamic_cast<FenChartVariableList*>(chart->at(child)))
+            for (unsigned i = 0; i < variables->size(); ++i) apply((*variables)[i], i);
     }
-    for (unsigned i = 0; i < chart.chart.variables.size(); ++i) apply(chart.chart.variables[i], i);
+    fen::ChartKind const* const kind = fen::chartKindOf(node);
+    if (kind && kind->dress) kind->dress(node, *this);
 }
 
 void FenTheme::apply(FenChartAxis& item) const
@@ -116,8 +127,6 @@ void FenTheme::apply(FenChartAxis& item) const
     item.labelColor.set(text);
     item.titleColor.set(text);
 }
-
-void FenTheme::apply(FenVisLegend& legend) const { legend.legend.textColor.set(text); }
 
 void FenTheme::apply(FenChartVariable& variable, unsigned index) const
 {

@@ -8,9 +8,8 @@
 
 class FenChartAxis;
 class FenChartVariable;
-class FenVisChart2D;
-class FenVisLegend;
 class FenVisScene;
+class FenVisualization;
 
 /// Colours and sizes with which charts look good without further settings.
 ///
@@ -41,10 +40,10 @@ struct FENVIS_EXPORT FenTheme {
 
     /// Background of the scene.
     void apply(FenVisScene& scene) const;
-    /// Title, axes and all variables that the chart has.
-    void apply(FenVisChart2D& chart) const;
+    /// A chart: title, axes and all variables that it has. A legend: its texts. Any other node stays
+    /// as it is.
+    void apply(FenVisualization& node) const;
     void apply(FenChartAxis& axis) const;
-    void apply(FenVisLegend& legend) const;
     /// Line, symbol, fill and label; style and fill mode of the variable are set before.
     /// @param index  place of the variable in the palette
     void apply(FenChartVariable& variable, unsigned index) const;

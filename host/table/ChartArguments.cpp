@@ -2,23 +2,17 @@
 
 #include "host/output/MessageText.h"
 #include "host/table/ChartBuilder.h"
+#include "host/table/ChartKinds.h"
 #include "host/table/DateText.h"
 
 #include <QCommandLineParser>
 
 #include <cmath>
+#include <vector>
 
 namespace {
 
-QCommandLineOption option(char const* name, char const* value, QString const& help)
-{
-    return QCommandLineOption(QString::fromLatin1(name), help, QString::fromLatin1(value));
-}
-
-QCommandLineOption flag(char const* name, char const* help)
-{
-    return QCommandLineOption(QString::fromLatin1(name), QString::fromLatin1(help));
-}
+QString text(char const* latin) { return QString::fromLatin1(latin); }
 
 QString oneOf(QStringList const& words) { return words.join(QStringLiteral(", ")); }
 
@@ -51,6 +45,11 @@ public:
         if (isSet(name)) target = read(name);
     }
 
+    void texts(char const* name, QStringList& target) const
+    {
+        if (isSet(name)) target = _parser.values(QString::fromLatin1(name));
+    }
+
     template <class Text>
     void word(char const* name, QStringList const& words, Text& target)
     {
@@ -59,7 +58,7 @@ public:
         if (words.contains(given))
             target = given;
         else
-            wrong(name, QStringLiteral("is none of: ") + oneOf(words));
+            wrong(name, QStringLiteral("expected one of: ") + oneOf(words));
     }
 
     template <class Number>
@@ -71,7 +70,7 @@ public:
         if (good && given >= least && given <= most)
             target = Number(given);
         else
-            wrong(name, QStringLiteral("is no number from %1 to %2").arg(least).arg(most));
+            wrong(name, QStringLiteral("expected a number from %1 to %2").arg(least).arg(most));
     }
 
     void range(char const* name, FenChartOptions::Range& target)
@@ -83,23 +82,26 @@ public:
         if (ends.size() == 2 && from && to && *from < *to)
             target = std::pair(*from, *to);
         else
-            wrong(name, QStringLiteral("is no range as 0,10 or 2012-01-01,2012-06-30"));
+            wrong(name, QStringLiteral("expected a range such as 0,10 or 2012-01-01,2012-06-30"));
     }
 
     /// --NAME or --no-NAME
     void either(char const* name, char const* opposite, std::optional<bool>& target)
     {
-        if (isSet(name) && isSet(opposite)) wrong(name, QStringLiteral("and its opposite are given"));
+        if (isSet(name) && isSet(opposite))
+            wrong(name, QStringLiteral("given together with --") + QString::fromLatin1(opposite));
         if (isSet(name)) target = true;
         if (isSet(opposite)) target = false;
     }
 
-    void wrong(char const* name, QString const& why)
+    /// @param quote  tells the value too
+    void wrong(char const* name, QString const& why, bool quote = true)
     {
         if (!_error.isEmpty()) return;
-        QString const given = read(name);
-        _error = QStringLiteral("--%1 ").arg(QString::fromLatin1(name))
-            + (given.isEmpty() ? QString() : QStringLiteral("\"%1\" ").arg(fen::messageText(given))) + why;
+        QString const given = quote ? read(name) : QString();
+        _error = QStringLiteral("--%1").arg(QString::fromLatin1(name))
+            + (given.isEmpty() ? QString() : QStringLiteral(" \"%1\"").arg(fen::messageText(given)))
+            + QStringLiteral(": ") + why;
     }
 
     bool isSet(char const* name) const { return _parser.isSet(QString::fromLatin1(name)); }
@@ -119,67 +121,151 @@ void readLog(ArgumentReader& reader, FenChartOptions& options)
         else if (axis == QLatin1String("y"))
             options.logY = true;
         else
-            reader.wrong("log", QStringLiteral("is none of: x, y, x,y"));
+            reader.wrong("log", QStringLiteral("expected one of: x, y, x,y"));
     }
 }
 
 constexpr double widestLine = 64; // [px]
 constexpr double largestSymbol = 64; // [px]
 
+/// An option of the command.
+struct Argument {
+    char const* name;
+    char const* value; ///< what stands behind it, as help texts say; null for a flag
+    QString help;
+    void (*read)(ArgumentReader& reader, FenChartOptions& options);
+};
+
+typedef ArgumentReader Reader;
+typedef FenChartOptions Options;
+
+void noReading(Reader&, Options&) { } // for the second name of a pair of flags
+
+QStringList kindNames()
+{
+    QStringList names;
+    for (fen::ChartKind const& kind : fen::chartKinds()) names.append(kind.name);
+    return names;
+}
+
+/// Options that every kind of chart takes.
+std::vector<Argument> commonArguments()
+{
+    return {
+        {"kind", "K", oneOf(kindNames()) + text("; default: ") + kindNames().first(),
+         [](Reader& r, Options& o) { r.word("kind", kindNames(), o.kind); }},
+        {"title", "T", text("above the chart"), [](Reader& r, Options& o) { r.text("title", o.title); }},
+        {"legend", nullptr, text("with a legend; default: with 2 to 12 curves"),
+         [](Reader& r, Options& o) { r.either("legend", "no-legend", o.legend); }},
+        {"no-legend", nullptr, text("without a legend"), noReading},
+    };
+}
+
+std::vector<Argument> columnArguments()
+{
+    return {
+        {"x", "COL", text("column along x; default: the first with dates, else the row number"),
+         [](Reader& r, Options& o) { r.text("x", o.x); }},
+        {"y", "COL,...", text("columns on the left axis; default: all with numbers"),
+         [](Reader& r, Options& o) { r.texts("y", o.y); }},
+        {"y2", "COL,...", text("columns on the right axis"),
+         [](Reader& r, Options& o) { r.texts("y2", o.y2); }},
+        {"group", "COL", text("a curve for each text of this column"),
+         [](Reader& r, Options& o) { r.text("group", o.group); }},
+    };
+}
+
+std::vector<Argument> styleArguments()
+{
+    return {
+        {"style", "S", oneOf(Options::styles()),
+         [](Reader& r, Options& o) { r.word("style", Options::styles(), o.style); }},
+        {"symbol", "S", oneOf(Options::symbols()),
+         [](Reader& r, Options& o) { r.word("symbol", Options::symbols(), o.symbol); }},
+        {"fill", "F", oneOf(Options::fills()),
+         [](Reader& r, Options& o) { r.word("fill", Options::fills(), o.fill); }},
+        {"line-style", "S", oneOf(Options::lineStyles()),
+         [](Reader& r, Options& o) { r.word("line-style", Options::lineStyles(), o.lineStyle); }},
+        {"line-width", "N", text("in pixels"),
+         [](Reader& r, Options& o) { r.number("line-width", 0.1, widestLine, o.lineWidth); }},
+        {"symbol-size", "N", text("in pixels"),
+         [](Reader& r, Options& o) { r.number("symbol-size", 1, largestSymbol, o.symbolSize); }},
+        {"smooth", nullptr, text("smooth lines; default: when the table is short"),
+         [](Reader& r, Options& o) { r.either("smooth", "no-smooth", o.smooth); }},
+        {"no-smooth", nullptr, text("lines without smoothing"), noReading},
+    };
+}
+
+std::vector<Argument> axisArguments()
+{
+    return {
+        {"log", "AXES", text("logarithmic axes: x, y, x,y"), readLog},
+        {"x-range", "A,B", text("numbers or dates; default: all of the data"),
+         [](Reader& r, Options& o) { r.range("x-range", o.xRange); }},
+        {"y-range", "A,B", text("the same for the left axis"),
+         [](Reader& r, Options& o) { r.range("y-range", o.yRange); }},
+        {"y2-range", "A,B", text("the same for the right axis"),
+         [](Reader& r, Options& o) { r.range("y2-range", o.y2Range); }},
+        {"x-title", "T", text("below the axis; default: the column's name"),
+         [](Reader& r, Options& o) { r.text("x-title", o.xTitle); }},
+        {"y-title", "T", text("beside the left axis"),
+         [](Reader& r, Options& o) { r.text("y-title", o.yTitle); }},
+        {"y2-title", "T", text("beside the right axis"),
+         [](Reader& r, Options& o) { r.text("y2-title", o.y2Title); }},
+    };
+}
+
+/// Options that some kinds take and others do not.
+std::vector<Argument> const& ownArguments()
+{
+    static std::vector<Argument> const all = [] {
+        std::vector<Argument> joined = columnArguments();
+        for (auto const& more : {styleArguments(), axisArguments()})
+            joined.insert(joined.end(), more.begin(), more.end());
+        return joined;
+    }();
+    return all;
+}
+
+/// " (2d, 3d)" where not all kinds take an option
+QString takers(char const* name)
+{
+    QStringList kinds;
+    for (fen::ChartKind const& kind : fen::chartKinds())
+        if (kind.options.contains(QLatin1String(name))) kinds.append(kind.name);
+    if (kinds.size() == qsizetype(fen::chartKinds().size())) return {};
+    return QStringLiteral(" (%1)").arg(oneOf(kinds));
+}
+
+QCommandLineOption optionOf(Argument const& argument, QString const& remark)
+{
+    return QCommandLineOption(text(argument.name), argument.help + remark,
+                              argument.value ? text(argument.value) : QString());
+}
+
 } // namespace
 
 QList<QCommandLineOption> fen::chartArguments()
 {
-    return {
-        option("x", "COL",
-               QStringLiteral("column along x; default: the first with dates, else the row number")),
-        option("y", "COL,...", QStringLiteral("columns on the left axis; default: all with numbers")),
-        option("y2", "COL,...", QStringLiteral("columns on the right axis")),
-        option("group", "COL", QStringLiteral("a curve for each text of this column")),
-        option("style", "S", oneOf(FenChartOptions::styles())),
-        option("symbol", "S", oneOf(FenChartOptions::symbols())),
-        option("fill", "F", oneOf(FenChartOptions::fills())),
-        option("line-style", "S", oneOf(FenChartOptions::lineStyles())),
-        option("line-width", "N", QStringLiteral("in pixels")),
-        option("symbol-size", "N", QStringLiteral("in pixels")),
-        flag("smooth", "smooth lines; default: when the table is short"),
-        flag("no-smooth", "lines without smoothing"),
-        option("log", "AXES", QStringLiteral("logarithmic axes: x, y, x,y")),
-        option("x-range", "A,B", QStringLiteral("numbers or dates; default: all of the data")),
-        option("y-range", "A,B", QStringLiteral("the same for the left axis")),
-        option("y2-range", "A,B", QStringLiteral("the same for the right axis")),
-        option("title", "T", QStringLiteral("above the chart")),
-        option("x-title", "T", QStringLiteral("below the axis; default: the column's name")),
-        option("y-title", "T", QStringLiteral("beside the left axis")),
-        option("y2-title", "T", QStringLiteral("beside the right axis")),
-        flag("legend", "with a legend; default: with 2 to 12 curves"),
-        flag("no-legend", "without a legend"),
-    };
+    QList<QCommandLineOption> options;
+    std::vector<Argument> const common = commonArguments();
+    options.append(optionOf(common.front(), QString()));
+    for (Argument const& own : ownArguments()) options.append(optionOf(own, takers(own.name)));
+    for (std::size_t i = 1; i < common.size(); ++i) options.append(optionOf(common[i], QString()));
+    return options;
 }
 
 bool fen::readChartArguments(QCommandLineParser const& parser, FenChartOptions& options, QString& error)
 {
     ArgumentReader reader(parser);
-    reader.text("x", options.x);
-    options.y = parser.values(QStringLiteral("y"));
-    options.y2 = parser.values(QStringLiteral("y2"));
-    reader.text("group", options.group);
-    reader.word("style", FenChartOptions::styles(), options.style);
-    reader.word("symbol", FenChartOptions::symbols(), options.symbol);
-    reader.word("fill", FenChartOptions::fills(), options.fill);
-    reader.word("line-style", FenChartOptions::lineStyles(), options.lineStyle);
-    reader.number("line-width", 0.1, widestLine, options.lineWidth);
-    reader.number("symbol-size", 1, largestSymbol, options.symbolSize);
-    reader.either("smooth", "no-smooth", options.smooth);
-    readLog(reader, options);
-    reader.range("x-range", options.xRange);
-    reader.range("y-range", options.yRange);
-    reader.range("y2-range", options.y2Range);
-    reader.text("title", options.title);
-    reader.text("x-title", options.xTitle);
-    reader.text("y-title", options.yTitle);
-    reader.text("y2-title", options.y2Title);
-    reader.either("legend", "no-legend", options.legend);
+    for (Argument const& argument : commonArguments()) argument.read(reader, options);
+    ChartKind const* const kind = chartKind(options.kind);
+    for (Argument const& argument : ownArguments()) {
+        if (!kind || kind->options.contains(QLatin1String(argument.name)))
+            argument.read(reader, options);
+        else if (reader.isSet(argument.name))
+            reader.wrong(argument.name, QStringLiteral("not an option of --kind ") + kind->name, false);
+    }
     error = reader.error();
     return error.isEmpty();
 }

@@ -9,14 +9,16 @@
 #include <utility>
 
 class FenDataTable;
-class FenVisChart2D;
+class FenVisChart;
 class FenVisScene;
 struct FenTheme;
 
-/// What a 2D chart of a table shows and how; texts are those of the command's options.
+/// What a chart of a table shows and how; texts are those of the command's options. Which of them a
+/// kind of chart takes `fenvis chart --help` tells; the others it leaves alone.
 struct FENVIS_EXPORT FenChartOptions {
     typedef std::optional<std::pair<double, double>> Range;
 
+    QString kind = QStringLiteral("2d"); ///< of the chart
     QString x; ///< column; empty: the first date column, else the row number
     /// Columns on the left axis, each text a name or several joined by commas; empty, and none on
     /// the right: every number column but x.
@@ -50,11 +52,11 @@ struct FENVIS_EXPORT FenChartOptions {
 
 namespace fen {
 
-/// Adds a 2D chart of a table to a scene.
+/// Adds a chart of a table to a scene.
 /// @param error  set to a message when the options do not fit the table (unknown columns, a
 ///     column of the wrong kind, nothing to show); the scene is then unchanged
 /// @return the chart; it belongs to the scene. Null on failure.
-FENVIS_EXPORT FenVisChart2D* addChart(FenVisScene& scene, FenDataTable const& table,
-                                      FenChartOptions const& options, FenTheme const& theme, QString& error);
+FENVIS_EXPORT FenVisChart* addChart(FenVisScene& scene, FenDataTable const& table,
+                                    FenChartOptions const& options, FenTheme const& theme, QString& error);
 
 } // namespace fen

@@ -46,7 +46,7 @@ protected:
             << parser.errorText().toStdString();
         FenChartOptions options;
         if (!fen::readChartArguments(parser, options, error)) return nullptr;
-        return fen::addChart(scene, from, options, FenTheme::light(), error);
+        return dynamic_cast<FenVisChart2D*>(fen::addChart(scene, from, options, FenTheme::light(), error));
     }
     std::string variables(FenVisChart2D& chart)
     {
@@ -167,12 +167,12 @@ TEST_F(ChartBuilder, SaysWhatDoesNotFitAndAddsNothing)
         {"--y2 date", "column \"date\" holds dates, not numbers"},
         {"--group wind", "column \"wind\" holds numbers; groups are made of texts"},
         {"--log x", "column \"date\" holds dates, which have no logarithm"},
-        {"--style curve", "--style \"curve\" is none of: none, line, spline, step, bar"},
-        {"--log z", "--log \"z\" is none of: x, y, x,y"},
-        {"--line-width 1e9", "--line-width \"1e9\" is no number from 0.1 to 64"},
-        {"--symbol-size nan", "--symbol-size \"nan\" is no number from 1 to 64"},
-        {"--x-range 2,1", "--x-range \"2,1\" is no range as 0,10 or 2012-01-01,2012-06-30"},
-        {"--x-range 1,inf", "--x-range \"1,inf\" is no range as 0,10 or 2012-01-01,2012-06-30"},
+        {"--style curve", "--style \"curve\": expected one of: none, line, spline, step, bar"},
+        {"--log z", "--log \"z\": expected one of: x, y, x,y"},
+        {"--line-width 1e9", "--line-width \"1e9\": expected a number from 0.1 to 64"},
+        {"--symbol-size nan", "--symbol-size \"nan\": expected a number from 1 to 64"},
+        {"--x-range 2,1", "--x-range \"2,1\": expected a range such as 0,10 or 2012-01-01,2012-06-30"},
+        {"--x-range 1,inf", "--x-range \"1,inf\": expected a range such as 0,10 or 2012-01-01,2012-06-30"},
     };
     for (Row const& row : rows) {
         EXPECT_FALSE(build(weather(), row.words)) << row.words;
