@@ -1,5 +1,6 @@
 #include "framework/VisList.h"
 
+#include "framework/VisPassiveNode.h"
 #include "services/logging/Checks.h"
 #include "services/math/BoundingBox.h"
 
@@ -16,23 +17,10 @@ constexpr char const* planeType = "visualization.plane";
 constexpr char const* colorMapKey = "colorMap";
 
 /// What a failed look-up refers to: a node that does nothing and belongs to no tree.
-class Placeholder final : public FenVisualization {
-public:
-    using FenVisualization::FenVisualization;
-    bool getViewport(FenOglViewport const&, FenOglViewport&) const override { return false; }
-    void update(DrawContext const&) override { }
-    void resize(DrawContext const&) override { }
-    void draw3d(DrawContext const&) const override { }
-    void draw2d(DrawContext const&) const override { }
-    FenVisHitRecordList select3d(SelectContext const&) const override { return FenVisHitRecordList(); }
-    FenVisHitRecordList select2d(SelectContext const&) const override { return FenVisHitRecordList(); }
-    Kes::Math::BoundingBox boundingBox() const override { return Kes::Math::BoundingBox(); }
-};
-
 FenVisualization& placeholder()
 {
     // Never destroyed, so that it can be referred to until the very end.
-    static FenVisualization& node = *new Placeholder(*new FenModifiedGroup);
+    static FenVisualization& node = *new FenVisPassiveNode(*new FenModifiedGroup);
     return node;
 }
 
