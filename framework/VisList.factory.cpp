@@ -2,6 +2,7 @@
 
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
+#include "scene/VisViewpoint.h"
 #include "services/logging/DebugLogger.h"
 
 #include <QString>
@@ -30,6 +31,7 @@ std::vector<Row> const& rows()
     static std::vector<Row> const table = {
         row<FenVisLegend>(),
         row<FenVisChart2D>(),
+        row<FenVisViewpoint>(),
     };
     return table;
 }
