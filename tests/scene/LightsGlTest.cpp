@@ -14,7 +14,12 @@ namespace {
 
 class Lights : public OffscreenGlTest {
 protected:
-    Lights() { glGetIntegerv(GL_MAX_LIGHTS, &units); }
+    void SetUp() override
+    {
+        OffscreenGlTest::SetUp();
+        glGetIntegerv(GL_MAX_LIGHTS, &units);
+        ASSERT_GE(units, 8);
+    }
 
     FenVisLight& light(QString const& name) { return list.child(name, FenVisLight::typeString); }
     /// Parameter of unit 0: up to four numbers.
