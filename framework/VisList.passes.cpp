@@ -3,7 +3,7 @@
 #include "framework/UpdateContext.h"
 #include "services/logging/Checks.h"
 #include "services/math/BoundingBox.h"
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/VertexArrays.h"
 
@@ -67,11 +67,7 @@ void decorate(FenVisualization const& child, FenOglViewport const& own)
 {
     QColor const fill = child.fillColor.get();
     QColor const line = child.lineColor.get();
-    fen::AttribScope const attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT);
-    for (GLenum const off : {GL_LIGHTING, GL_TEXTURE_2D, GL_DEPTH_TEST, GL_POLYGON_STIPPLE, GL_CULL_FACE})
-        glDisable(off);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    fen::FlatScope const flat;
     if (shows(fill)) {
         glColor(fill);
         fen::drawRectangle(0.0f, 0.0f, float(own.width()), float(own.height()));

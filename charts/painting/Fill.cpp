@@ -1,5 +1,6 @@
 #include "charts/painting/Fill.h"
 
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglTexture.h"
@@ -42,8 +43,7 @@ void drawFill(FillStyle const& style, FenOglCache& cache, std::function<void(boo
 void drawRamp(QList<QColor> const& ramp, FenOglCache& cache, std::function<void()> const& geometry)
 {
     cache.gradient(ramp, rampSteps, false).set();
-    glEnable(GL_TEXTURE_2D);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+    FlatScope::enableTexture(GL_MODULATE);
     glColor(Qt::white);
     geometry();
     glDisable(GL_TEXTURE_2D);

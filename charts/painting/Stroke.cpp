@@ -1,6 +1,6 @@
 #include "charts/painting/Stroke.h"
 
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/PixelRatio.h"
@@ -18,44 +18,30 @@ namespace {
 /// Width from which on the notches at corners can be seen.
 constexpr float wide = 3;
 
-void drawPieces(GLenum kind, Strips const& strips, StripsRamp const* ramp)
+void drawAll(GLenum kind, Strips const& strips, StripsRamp const* ramp)
 {
-    glEnableClientState(GL_VERTEX_ARRAY);
-    if (ramp) glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-    auto const point = [](std::vector<Vector2> const& vertices, std::vector<Vector2> const* coordinates) {
-        glVertexPointer(2, GL_FLOAT, sizeof(Vector2), vertices.data());
-        if (coordinates) glTexCoordPointer(2, GL_FLOAT, sizeof(Vector2), coordinates->data());
-    };
-    if (!strips.pieces.empty()) {
-        point(strips.points, ramp ? &ramp->points : nullptr);
-        std::vector<GLint> firsts;
-        std::vector<GLsizei> counts;
-        for (Strips::Piece const& piece : strips.pieces) {
-            firsts.push_back(GLint(piece.first));
-            counts.push_back(GLsizei(piece.count));
-        }
-        glMultiDrawArrays(kind, firsts.data(), counts.data(), GLsizei(firsts.size()));
+    std::vector<GLint> firsts;
+    std::vector<GLsizei> counts;
+    for (Strips::Piece const& piece : strips.pieces) {
+        firsts.push_back(GLint(piece.first));
+        counts.push_back(GLsizei(piece.count));
     }
-    if (!strips.spans.empty()) {
-        point(strips.spans, ramp ? &ramp->spans : nullptr);
-        glDrawArrays(GL_LINES, 0, GLsizei(strips.spans.size()));
-    }
-    if (ramp) glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-    glDisableClientState(GL_VERTEX_ARRAY);
+    drawPieces(kind, strips.points, ramp ? &ramp->points : nullptr, firsts, counts);
+    drawTexturedArray(GL_LINES, strips.spans, ramp ? ramp->spans : std::vector<Vector2>());
 }
 
 } // namespace
 
 void drawStrips(GLenum kind, Strips const& strips)
 {
-    if (!strips.empty()) drawPieces(kind, strips, nullptr);
+    if (!strips.empty()) drawAll(kind, strips, nullptr);
 }
 
 void drawStrips(GLenum kind, Strips const& strips, StripsRamp const& ramp)
 {
     bool const complete =
         ramp.points.size() == strips.points.size() && ramp.spans.size() == strips.spans.size();
-    if (!strips.empty() && complete) drawPieces(kind, strips, &ramp);
+    if (!strips.empty() && complete) drawAll(kind, strips, &ramp);
 }
 
 bool hasCorners(StrokeStyle const& style)
@@ -104,16 +90,13 @@ void drawStroke(Strips const& line, std::vector<Vector2> const& corners, StrokeS
 
 void drawGlow(FenOglGeometry const& geometry, Strips const& line, QColor const& color, float width)
 {
-    AttribScope const state(GL_ENABLE_BIT);
-    glDisable(GL_LIGHTING);
+    FlatScope const flat; // and not a scope of a few groups: Mesa would forget the width
     glEnable(GL_LINE_SMOOTH);
-    glDepthMask(GL_FALSE);
     for (int n = geometry.highlightWidth(); n >= 0; n -= 2) {
         glColor(FenOglGeometry::calcHighlightColorGradient(geometry, color, n));
         lineWidth(width + float(n));
         drawStrips(GL_LINE_STRIP, line);
     }
-    glDepthMask(GL_TRUE);
 }
 
 } // namespace fen

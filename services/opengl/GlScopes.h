@@ -38,16 +38,6 @@ private:
     GLenum _mode;
 };
 
-/// glBegin and glEnd. Not for select passes (Mesa never frees vertices that
-/// are drawn this way in selection mode): use `fen::drawArray` there.
-class PrimitiveScope {
-public:
-    explicit PrimitiveScope(GLenum kind) { glBegin(kind); }
-    ~PrimitiveScope() { glEnd(); }
-    PrimitiveScope(PrimitiveScope const&) = delete;
-    PrimitiveScope& operator=(PrimitiveScope const&) = delete;
-};
-
 /// Records what follows into a display list (GL_COMPILE).
 class ListScope {
 public:
@@ -62,20 +52,6 @@ public:
 
 private:
     FenOglDisplayList& _list;
-};
-
-/// Ordinary alpha blending; restores the enable bits and the blend function.
-class BlendScope {
-public:
-    BlendScope()
-        : _attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT)
-    {
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    }
-
-private:
-    AttribScope _attributes;
 };
 
 } // namespace fen

@@ -1,6 +1,6 @@
 #include "services/opengl/OglBoxedText.h"
 
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglText.h"
 #include "services/opengl/PixelRatio.h"
@@ -93,12 +93,7 @@ void FenOglBoxedText::draw(Vector2 const& anchor, QSize const& size, QString con
 
 void FenOglBoxedText::drawBox(std::vector<Vector2> const& area, std::vector<Vector2> const& inner) const
 {
-    fen::AttribScope const attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT | GL_POLYGON_BIT);
-    for (GLenum const off : {GL_LIGHTING, GL_DEPTH_TEST, GL_TEXTURE_2D, GL_CULL_FACE, GL_POLYGON_STIPPLE})
-        glDisable(off);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    fen::FlatScope const flat;
     if (_background.alpha() > 0) {
         glColor(_background);
         fen::drawArray(GL_TRIANGLE_FAN, area);

@@ -1,6 +1,6 @@
 #include "services/opengl/OglSymbolBatch.h"
 
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglViewport.h"
@@ -70,25 +70,13 @@ private:
     QImage _rows;
 };
 
-/// State for premultiplied pictures, restored at scope end.
-class PictureScope {
-public:
-    PictureScope()
-        : _attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT | GL_POLYGON_BIT)
-    {
-        for (GLenum const off : {GL_LIGHTING, GL_ALPHA_TEST, GL_CULL_FACE, GL_POLYGON_STIPPLE})
-            glDisable(off);
-        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-        glEnable(GL_TEXTURE_2D);
-        glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
-        glColor(Qt::white);
-    }
-
-private:
-    fen::AttribScope _attributes;
-};
+/// Blending and colour for premultiplied pictures, inside a flat scope.
+void usePremultiplied()
+{
+    fen::FlatScope::enableTexture(GL_REPLACE);
+    glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    glColor(Qt::white);
+}
 
 void bindPicture(std::shared_ptr<fen::GlName>& texture, QImage const& rows)
 {
@@ -160,7 +148,8 @@ void FenOglSymbolBatch::State::drawQuads(size_t first, size_t last) const
             texCoords.emplace_back(s, t);
         }
     }
-    PictureScope const scope;
+    fen::FlatScope const flat;
+    usePremultiplied();
     bindPicture(symbol->texture, symbol->stamp.rows());
     fen::drawTexturedArray(GL_QUADS, corners, texCoords);
 }
@@ -198,7 +187,8 @@ void FenOglSymbolBatch::State::drawLayer(size_t first, size_t last, QRect const&
     if (fresh)
         layer = std::make_shared<Layer>(Layer{first, last, area, symbolsArea(first, last, area), nullptr});
     if (layer->covered.isEmpty()) return;
-    PictureScope const scope;
+    fen::FlatScope const flat;
+    usePremultiplied();
     if (!layer->texture || layer->texture->get() == 0)
         bindPicture(layer->texture, compose(first, last, layer->covered));
     else

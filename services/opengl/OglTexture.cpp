@@ -67,6 +67,7 @@ void FenOglTexture::upload() const
 {
     _name = fen::uploadTexture(uploadable(_paint()), _filter == Nearest ? GL_NEAREST : GL_LINEAR,
                                _wrap == Repeat ? GL_REPEAT : GL_CLAMP_TO_EDGE);
+    if (!_name) return;
     FenOglDisplayList::keepWhileRecorded(_name);
     // While a list records, the upload goes into the list and the texture object stays empty until the
     // list is drawn: the list keeps this one, and others make their own.

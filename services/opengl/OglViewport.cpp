@@ -1,5 +1,6 @@
 #include "services/opengl/OglViewport.h"
 
+#include "services/opengl/BoxPlacement.h"
 #include "services/opengl/LogOnce.h"
 #include "services/properties/Viewport.h"
 
@@ -47,24 +48,26 @@ bool FenOglViewport::contains(QPoint const& point) const
 
 FenOglViewport FenOglViewport::fitToParent(FenOglViewport const& parent, FenViewport const& viewport)
 {
-    double const numbers[] = {viewport.x.get(), viewport.y.get(), viewport.width.get(),
-                              viewport.height.get()};
+    return fen::BoxPlacement(viewport).within(parent);
+}
+
+FenOglViewport fen::BoxPlacement::within(FenOglViewport const& parent) const
+{
+    double const numbers[] = {x, y, width, height};
     if (!std::all_of(std::begin(numbers), std::end(numbers), [](double n) { return std::isfinite(n); })) {
         fen::warnOnce("Viewport numbers must be finite.");
         return FenOglViewport();
     }
-    QString const& placement = viewport.placement.get();
     bool const centered = placement == "center";
     bool const right = placement == "bottomRight" || placement == "topRight";
     bool const top = placement == "topLeft" || placement == "topRight";
     if (!centered && !right && !top && placement != "bottomLeft")
         fen::warnOnce(QString("Unknown viewport placement \"%1\".").arg(placement));
 
-    int const width = extent(numbers[2], parent.width());
-    int const height = extent(numbers[3], parent.height());
-    return FenOglViewport(parent.x() + pixel(place(numbers[0], width, parent.width(), right, centered)),
-                          parent.y() + pixel(place(numbers[1], height, parent.height(), top, centered)),
-                          width, height);
+    int const w = extent(width, parent.width());
+    int const h = extent(height, parent.height());
+    return FenOglViewport(parent.x() + pixel(place(x, w, parent.width(), right, centered)),
+                          parent.y() + pixel(place(y, h, parent.height(), top, centered)), w, h);
 }
 
 FenViewport FenOglViewport::fitToParent(FenModifiedGroup& group, FenOglViewport const& inner,

@@ -21,6 +21,7 @@ public:
         glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
         glBindBuffer(GL_ARRAY_BUFFER, 0);
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+        glClientActiveTexture(GL_TEXTURE0);
         for (GLenum const array :
              {GL_NORMAL_ARRAY, GL_COLOR_ARRAY, GL_TEXTURE_COORD_ARRAY, GL_EDGE_FLAG_ARRAY, GL_INDEX_ARRAY})
             glDisableClientState(array);
@@ -134,6 +135,16 @@ void drawTexturedArray(GLenum kind, std::vector<Vector2> const& points, std::vec
     usePositions(points);
     if (texCoords.size() == points.size()) useTexCoords(texCoords);
     glDrawArrays(kind, GLint(first), GLsizei(std::min(count, points.size() - first)));
+}
+
+void drawPieces(GLenum kind, std::vector<Vector2> const& points, std::vector<Vector2> const* texCoords,
+                std::vector<GLint> const& firsts, std::vector<GLsizei> const& counts)
+{
+    if (points.empty() || firsts.empty() || firsts.size() != counts.size()) return;
+    ClientScope const scope;
+    usePositions(points);
+    if (texCoords && texCoords->size() == points.size()) useTexCoords(*texCoords);
+    glMultiDrawArrays(kind, firsts.data(), counts.data(), GLsizei(firsts.size()));
 }
 
 void VertexArrays::add(Vector3 const& position, Vector3 const& normal)

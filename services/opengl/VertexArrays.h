@@ -51,6 +51,12 @@ FENVIS_EXPORT void drawTexturedArray(GLenum kind, std::vector<Kes::Math::Vector2
                                      std::vector<Kes::Math::Vector2> const& texCoords, std::size_t first,
                                      std::size_t count);
 
+/// Several primitives of one array, each from `firsts[i]` on `counts[i]` vertices, all within the array.
+/// @param texCoords  one pair per vertex, or null
+FENVIS_EXPORT void drawPieces(GLenum kind, std::vector<Kes::Math::Vector2> const& points,
+                              std::vector<Kes::Math::Vector2> const* texCoords,
+                              std::vector<GLint> const& firsts, std::vector<GLsizei> const& counts);
+
 /// A mesh under construction: positions and any of the other arrays.
 struct FENVIS_EXPORT VertexArrays {
     std::vector<Kes::Math::Vector3> positions;

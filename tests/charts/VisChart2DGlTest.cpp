@@ -1,6 +1,7 @@
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartVariable.h"
+#include "services/opengl/GlWrappers.h"
 #include "tests/support/OffscreenGlTest.h"
 #include "tests/support/SceneBuilder.h"
 
@@ -277,6 +278,60 @@ TEST_F(VisChart2DGlTest, PassesKeepTheStateWhateverTheDataIs)
                     expectPassKeepsState([&] { hard.draw(); });
                 }
             }
+}
+
+TEST_F(VisChart2DGlTest, LooksTheSameWhateverTheHostHasLeftOn)
+{
+    GLuint buffer = 0;
+    glGenBuffers(1, &buffer);
+    GLdouble const nothing[] = {0, 0, 0, -1};
+    std::vector<std::function<void()>> const leftovers = {
+        [] {},
+        [&] { glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer); },
+        [&] { glBindBuffer(GL_ARRAY_BUFFER, buffer); },
+        [] { glPixelTransferf(GL_RED_SCALE, 0), glPixelTransferf(GL_ALPHA_SCALE, 0); },
+        [] { glActiveTexture(GL_TEXTURE1), glEnable(GL_TEXTURE_2D), glClientActiveTexture(GL_TEXTURE1); },
+        [] { glEnable(GL_TEXTURE_GEN_S), glEnable(GL_TEXTURE_GEN_T); },
+        [] {
+            glMatrixMode(GL_TEXTURE), glPushMatrix(), glTranslatef(0.3f, 0.4f, 0), glMatrixMode(GL_MODELVIEW);
+        },
+        [&] { glClipPlane(GL_CLIP_PLANE5, nothing), glEnable(GL_CLIP_PLANE5); },
+        [] { glEnable(GL_FOG), glFogf(GL_FOG_DENSITY, 100), glEnable(GL_LIGHTING), glEnable(GL_CULL_FACE); },
+        [] { glEnable(GL_POLYGON_STIPPLE), glPolygonStipple(QStringLiteral("sparse")); },
+        [] { glEnable(GL_LINE_STIPPLE), glLineWidth(9), glEnable(GL_LINE_SMOOTH); },
+        [] { glPolygonMode(GL_FRONT_AND_BACK, GL_LINE), glShadeModel(GL_FLAT); },
+        [] { glEnable(GL_ALPHA_TEST), glAlphaFunc(GL_LESS, 0.1f), glEnable(GL_DEPTH_TEST); },
+        [] { glEnable(GL_COLOR_LOGIC_OP), glLogicOp(GL_INVERT), glBlendEquation(GL_FUNC_SUBTRACT); },
+    };
+    Picture expected;
+    for (std::size_t i = 0; i < leftovers.size(); ++i) {
+        ChartScene fresh; // textures and glyphs are made under that state
+        FenChartVariable& bars = fresh.bars("bars", {{1, 2}, {2, -3}});
+        bars.fillMode.set(FenChart::fillGradient);
+        bars.colors.set({Qt::red, Qt::blue});
+        bars.labels.set({"two", "three"});
+        fresh.marks("marks", {{1, 1}, {2, 2}});
+        clear();
+        glPushAttrib(GL_ALL_ATTRIB_BITS);
+        glPushClientAttrib(GL_CLIENT_ALL_ATTRIB_BITS);
+        GLint depth = 0, after = 0;
+        leftovers[i]();
+        glGetIntegerv(GL_TEXTURE_STACK_DEPTH, &depth);
+        fresh.update();
+        fresh.draw();
+        glGetIntegerv(GL_TEXTURE_STACK_DEPTH, &after);
+        EXPECT_EQ(depth, after) << i;
+        glPopClientAttrib();
+        glPopAttrib();
+        glMatrixMode(GL_TEXTURE);
+        if (depth > 1) glPopMatrix();
+        glMatrixMode(GL_MODELVIEW);
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+        glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
+        if (i == 0) expected = picture();
+        EXPECT_EQ(0, expected.differingPixels(picture())) << "leftover " << i;
+    }
+    glDeleteBuffers(1, &buffer);
 }
 
 TEST_F(VisChart2DGlTest, TheViewInDepthLeavesThePlainPassesAlone)

@@ -1,9 +1,10 @@
 #include "services/opengl/oglft/GlyphAtlas.h"
 
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlNames.h"
-#include "services/opengl/GlScopes.h"
 #include "services/opengl/LogOnce.h"
 #include "services/opengl/PixelRatio.h"
+#include "services/opengl/TextureUpload.h"
 
 #include <algorithm>
 #include <cmath>
@@ -133,8 +134,8 @@ void GlyphAtlas::bind(bool linear)
         _texture = std::make_shared<GlName>(GlNames::Texture, name);
     }
     glBindTexture(GL_TEXTURE_2D, _texture->get());
-    if (fresh || _dirtyFrom < _dirtyTo) upload(fresh);
     FenOglDisplayList::keepWhileRecorded(_texture);
+    if (fresh || _dirtyFrom < _dirtyTo) upload(fresh);
     GLint const filter = linear ? GL_LINEAR : GL_NEAREST;
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, filter);
@@ -142,27 +143,39 @@ void GlyphAtlas::bind(bool linear)
 
 void GlyphAtlas::upload(bool whole)
 {
-    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, GLint(_picture.bytesPerLine()));
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
-    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 0);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    if (whole) {
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-        glTexImage2D(GL_TEXTURE_2D, 0, GL_ALPHA8, side(), side(), 0, GL_ALPHA, GL_UNSIGNED_BYTE,
-                     _picture.constBits());
-    } else {
-        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, _dirtyFrom, side(), _dirtyTo - _dirtyFrom, GL_ALPHA,
-                        GL_UNSIGNED_BYTE, _picture.constScanLine(_dirtyFrom));
+    bool done;
+    {
+        UploadScope const unpacking(GLint(_picture.bytesPerLine()), 1);
+        done = whole ? uploadAll() : uploadRows();
     }
-    glPopClientAttrib();
     if (recordingList()) { // the upload went into the list only
         if (whole) _texture.reset();
         return;
     }
+    if (!done) {
+        _texture.reset(); // the next draw makes it anew
+        return;
+    }
     _dirtyFrom = lastRow;
     _dirtyTo = 0;
+}
+
+bool GlyphAtlas::uploadAll() const
+{
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_ALPHA8, side(), side(), 0, GL_ALPHA, GL_UNSIGNED_BYTE,
+                 _picture.constBits());
+    return textureHasSize(_picture.size());
+}
+
+bool GlyphAtlas::uploadRows() const
+{
+    // Somebody else may have emptied the texture's name, or never filled it.
+    if (!textureHasSize(_picture.size())) return false;
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, _dirtyFrom, side(), _dirtyTo - _dirtyFrom, GL_ALPHA,
+                    GL_UNSIGNED_BYTE, _picture.constScanLine(_dirtyFrom));
+    return true;
 }
 
 void GlyphBatch::flush()
@@ -216,15 +229,8 @@ void GlyphBatch::appendQuads(Item const& item, double ratio)
 void GlyphBatch::drawRuns()
 {
     if (_runs.empty()) return;
-    AttribScope const attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT
-                                 | GL_POLYGON_BIT);
-    for (GLenum const off : {GL_LIGHTING, GL_DEPTH_TEST, GL_ALPHA_TEST, GL_CULL_FACE, GL_POLYGON_STIPPLE})
-        glDisable(off);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    glEnable(GL_TEXTURE_2D);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    FlatScope const flat;
+    FlatScope::enableTexture(GL_MODULATE);
     for (Run& run : _runs) {
         if (run.quads.positions.empty()) continue;
         _atlas.bind(run.turned);

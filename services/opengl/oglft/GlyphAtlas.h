@@ -76,6 +76,8 @@ private:
     bool place(QSize const& size, QPoint& cell);
     bool grow();
     void upload(bool whole);
+    bool uploadAll() const;
+    bool uploadRows() const;
 
     std::vector<ScaledFont> _fonts;
     QHash<quint64, GlyphImage> _glyphs; ///< by font number and glyph index

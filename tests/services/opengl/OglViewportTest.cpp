@@ -1,4 +1,5 @@
 #include "services/opengl/OglViewport.h"
+#include "services/opengl/BoxPlacement.h"
 #include "services/properties/ModifiedGroup.h"
 #include "services/properties/Viewport.h"
 #include "tests/support/LogCapture.h"
@@ -79,6 +80,31 @@ TEST(OglViewport, RefusesWhatIsNoNumberAndSurvivesHugeOnes)
         FenOglViewport::fitToParent(parent, relative(group, {"topRight", 1e300, -1e300, 1e300, 1, {}}));
     EXPECT_TRUE(far.valid());
     EXPECT_EQ(parent, FenOglViewport::fitToParent(parent, relative(group, {"middle", 0, 0, 1, 1, {}})));
+}
+
+TEST(BoxDrag, MovesOnlyTheEdgesThatAreHeldAndKeepsALeastSize)
+{
+    struct Case {
+        fen::DraggedEdges edges;
+        QPoint offset; ///< previous minus current
+        FenOglViewport expected;
+    };
+    Case const cases[] = {
+        {fen::DraggedEdges::all(), {5, -7}, {95, 57, 40, 30}},
+        {{true, false, true, false}, {5, 5}, {95, 45, 45, 35}},
+        {{false, true, false, true}, {-5, -6}, {100, 50, 45, 36}},
+        {{true, false, false, true}, {-100, 100}, {130, 50, 10, 10}}, // pushed against the other edge
+        {{false, true, true, false}, {100, -100}, {100, 70, 10, 10}},
+    };
+    for (Case const& row : cases) {
+        fen::BoxDrag drag;
+        drag.begin(FenOglViewport(100, 50, 40, 30));
+        drag.move(row.offset, row.edges);
+        EXPECT_EQ(row.expected, drag.box(QSize(10, 10)));
+    }
+    FenOglViewport const area(10, 20, 100, 50);
+    EXPECT_EQ(FenOglViewport(80, 20, 30, 40), fen::keptInside({300, -5, 30, 40}, area));
+    EXPECT_EQ(FenOglViewport(10, 20, 300, 40), fen::keptInside({-40, 0, 300, 40}, area));
 }
 
 TEST(OglViewport, KnowsItsNumbersAndWhatLiesInside)
