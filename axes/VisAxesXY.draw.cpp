@@ -6,7 +6,7 @@
 #include "picking/select/VisPickScope.h"
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartAxisScale.h"
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglBoxedText.h"
 #include "services/opengl/OglText.h"
@@ -38,10 +38,10 @@ void drawLines(std::vector<Vector2> const& lines)
 
 int upright(FenOglText const& text) { return text.height() + AxisMetrics::labelGap; }
 
-int labelShift(FenChartAxisScale const& scale, std::vector<int> const& points, int length)
+int labelShift(FenChartAxisScale const& scale, std::vector<fen::Tick> const& ticks, int length)
 {
     if (!scale.centered()) return 0;
-    return points.size() < 2 ? length / 2 : (points[1] - points[0]) / 2;
+    return ticks.size() < 2 ? length / 2 : (ticks[1].pixel - ticks[0].pixel) / 2;
 }
 
 } // namespace
@@ -52,16 +52,7 @@ void FenVisAxesXY::Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAx
 {
     if (!dataViewport.valid()) return;
     PlacedAxes const axes = placeAxes(chart.chart.xAxes, chart.chart.yAxes, xScale, yScale);
-    fen::AttribScope const state(GL_CURRENT_BIT | GL_LINE_BIT | GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT);
-    glDisable(GL_LIGHTING);
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_TEXTURE_2D);
-    glDisable(GL_LINE_SMOOTH);
-    glDisable(GL_LINE_STIPPLE);
-    if (!select) {
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    }
+    fen::FlatScope const flat;
     text.clear();
     text.setPointSize(AxisMetrics::pointSize);
     if (!select) drawGrid(axes, dataViewport, text);
@@ -77,9 +68,7 @@ void FenVisAxesXY::drawGrid(PlacedAxes const& axes, FenOglViewport const& data, 
         QColor const color = axis.axis.gridColor.get();
         if (color.alpha() == 0) continue;
         glColor(color);
-        std::vector<int> const all = axis.vertical() ? calcGridPoints(axis.scale, data.y(), data.height())
-                                                     : calcGridPoints(axis.scale, data.x(), data.width());
-        std::vector<int> points = tickPoints(all, labelStride(axis, all, text));
+        std::vector<int> points = fen::markedPixels(placeTicks(axis, data, text), AxisMetrics::tickSpace);
         if (axis.vertical()) {
             points.push_back(data.y());
             points.push_back(data.y() + data.height());
@@ -117,12 +106,10 @@ void FenVisAxesXY::drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, 
     for (Placed const& axis : axes) {
         FenVisPickScope const name(select, chart.hitProperties(),
                                    [&] { return FenVisHitProperty(&axis.axis); });
-        std::vector<int> const points = axis.vertical() ? calcGridPoints(axis.scale, data.y(), data.height())
-                                                        : calcGridPoints(axis.scale, data.x(), data.width());
-        unsigned const stride = labelStride(axis, points, text);
-        if (axis.visible()) drawTicks(axis, tickPoints(points, stride), data);
+        std::vector<fen::Tick> const ticks = placeTicks(axis, data, text);
+        if (axis.visible()) drawTicks(axis, fen::markedPixels(ticks, AxisMetrics::tickSpace), data);
         FenOglTextBatch const joined(text);
-        drawLabels(text, axis, points, stride, data);
+        drawLabels(text, axis, ticks, data);
         drawTitle(text, axis, data);
     }
 }
@@ -153,19 +140,19 @@ void FenVisAxesXY::drawTicks(Placed const& axis, std::vector<int> const& points,
     drawLines(lines);
 }
 
-void FenVisAxesXY::drawLabels(FenOglText& text, Placed const& axis, std::vector<int> const& points,
-                              unsigned stride, FenOglViewport const& data)
+void FenVisAxesXY::drawLabels(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
+                              FenOglViewport const& data)
 {
     int const distance = upright(text);
     int const length = axis.vertical() ? data.height() : data.width();
-    int const shift = labelShift(axis.scale, points, length);
+    int const shift = labelShift(axis.scale, ticks, length);
     int const chartWidth = glGetViewport().width();
     text.setColor(axis.axis.labelColor.get());
     int taken = 0; // [half px] what the labels so far have taken of the row; halves as widths may be odd
-    for (std::size_t i = 0; i < points.size(); i += stride) {
-        QString const label = fen::elided(text, axis.scale.label(unsigned(i)), AxisMetrics::labelMaximum);
+    for (fen::Tick const& tick : ticks) {
+        QString const& label = tick.label;
         if (label.isEmpty()) continue;
-        int p = points[i] - shift;
+        int p = tick.pixel - shift;
         if (axis.vertical()) {
             bool const left = axis.side == Left;
             int const edge = left ? data.x() : data.x() + data.width();

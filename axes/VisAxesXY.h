@@ -4,6 +4,7 @@
 #include "../picking/select/VisOglSelect.h"
 #include "../services/logging/Export.h"
 #include "../services/opengl/OglViewport.h"
+#include "Ticks.h"
 
 #include <QString>
 
@@ -74,8 +75,8 @@ private:
                              int lineHeight, bool vertical);
     static QString getAxisTitle(FenChartAxis const& axis);
     static std::vector<int> calcGridPoints(FenChartAxisScale const& scale, int origin, int length);
-    static unsigned labelStride(Placed const& axis, std::vector<int> const& points, FenOglText const& text);
-    static std::vector<int> tickPoints(std::vector<int> const& points, unsigned stride);
+    static std::vector<fen::Tick> placeTicks(Placed const& axis, FenOglViewport const& data,
+                                             FenOglText const& text);
 
     // VisAxesXY.draw.cpp
     static void drawGrid(PlacedAxes const& axes, FenOglViewport const& data, FenOglText const& text);
@@ -86,7 +87,7 @@ private:
     static void drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, PlacedAxes const& axes,
                                FenOglViewport const& data, FenVisOglSelectWeakPtr select);
     static void drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data);
-    static void drawLabels(FenOglText& text, Placed const& axis, std::vector<int> const& points,
-                           unsigned stride, FenOglViewport const& data);
+    static void drawLabels(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
+                           FenOglViewport const& data);
     static void drawTitle(FenOglText& text, Placed const& axis, FenOglViewport const& data);
 };

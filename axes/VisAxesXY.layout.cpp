@@ -20,15 +20,6 @@ FenChartAxisScale const* scaleOf(FenChartAxis const* axis, FenChartAxisPairScale
     return axis ? scales.find(axis->name()) : nullptr;
 }
 
-/// Every how many ticks is measured at most: closer labels never fit.
-unsigned leastStride(std::vector<int> const& points, int space)
-{
-    if (points.size() < 2) return 1;
-    double const length = std::abs(double(points.back()) - points.front());
-    double const spacing = length / double(points.size() - 1);
-    return spacing >= space ? 1 : unsigned(std::ceil(space / std::max(spacing, 1e-6)));
-}
-
 } // namespace
 
 bool FenVisAxesXY::Placed::visible() const { return axis.color.get().alpha() > 0; }
@@ -127,35 +118,20 @@ std::vector<int> FenVisAxesXY::calcGridPoints(FenChartAxisScale const& scale, in
     return points;
 }
 
-/// Smallest number such that every so many labels have room side by side.
-unsigned FenVisAxesXY::labelStride(Placed const& axis, std::vector<int> const& points, FenOglText const& text)
+/// Ticks along one side of the data rectangle, thinned so that their labels have room.
+std::vector<fen::Tick> FenVisAxesXY::placeTicks(Placed const& axis, FenOglViewport const& data,
+                                                FenOglText const& text)
 {
-    int const height = text.height();
-    unsigned stride = leastStride(points, axis.vertical() ? height : 2 * AxisMetrics::labelSpace);
-    if (axis.vertical() || points.size() < 2) return stride;
-    std::vector<int> widths(points.size(), -1);
-    auto const width = [&](std::size_t i) {
-        if (widths[i] < 0)
-            widths[i] = std::min(text.size(axis.scale.label(unsigned(i))).width(), AxisMetrics::labelMaximum);
-        return widths[i];
-    };
-    auto const fits = [&] {
-        for (std::size_t i = stride; i < points.size(); i += stride) {
-            int const space =
-                std::abs(points[i] - points[i - stride]) - (width(i) + width(i - stride) + 1) / 2;
-            if (space < AxisMetrics::labelSpace) return false;
-        }
-        return true;
-    };
-    while (stride < points.size() && !fits()) ++stride;
-    return stride;
-}
-
-/// Ticks that are drawn: all, or the labelled ones where all would run together.
-std::vector<int> FenVisAxesXY::tickPoints(std::vector<int> const& points, unsigned stride)
-{
-    if (leastStride(points, AxisMetrics::tickSpace) == 1) return points;
-    std::vector<int> labelled;
-    for (std::size_t i = 0; i < points.size(); i += stride) labelled.push_back(points[i]);
-    return labelled;
+    std::vector<int> const points = axis.vertical() ? calcGridPoints(axis.scale, data.y(), data.height())
+                                                    : calcGridPoints(axis.scale, data.x(), data.width());
+    fen::LabelRow row;
+    row.label = [&](unsigned i) { return fen::elided(text, axis.scale.label(i), AxisMetrics::labelMaximum); };
+    if (axis.vertical()) {
+        row.least = text.height();
+    } else {
+        row.extent = [&](QString const& label) { return text.size(label).width(); };
+        row.least = 2 * AxisMetrics::labelSpace;
+        row.space = AxisMetrics::labelSpace;
+    }
+    return fen::thinnedTicks(points, row);
 }
