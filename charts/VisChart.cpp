@@ -5,6 +5,8 @@
 #include "framework/DrawContext.h"
 #include "picking/hits/VisHitProperty.h"
 #include "picking/hits/VisHitRecordList.h"
+#include "picking/select/VisOglSelect.h"
+#include "picking/select/VisOglSelectBuffer.h"
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartValidVariableList.h"
 #include "services/opengl/OglText.h"
@@ -50,6 +52,27 @@ bool FenVisChart::getViewport(FenOglViewport const& parent, FenOglViewport& own)
 
 FenChartValidVariableList FenVisChart::validVariables() const { return FenChartValidVariableList(); }
 
+FenChart* FenVisChart::content() { return nullptr; }
+
+FenChartVariableList* FenVisChart::variables() { return nullptr; }
+
+FenChartAxisPair* FenVisChart::axes(Kes::Math::Vector3::Comp) { return nullptr; }
+
+FenChartAxisPairScale const* FenVisChart::flatScales(Kes::Math::Vector3::Comp) const { return nullptr; }
+
+bool FenVisChart::colorRange(FenChartVariable const& variable, Kes::Math::Vector2& range) const
+{
+    FenChartValidVariableList const valid = validVariables();
+    for (unsigned i = 0; i < valid.size(); ++i) {
+        if (!valid.alive(i) || &valid.variable(i) != &variable) continue;
+        range = valid.minmax(i);
+        return true;
+    }
+    return false;
+}
+
+std::vector<QPoint> FenVisChart::drawnPixels(std::size_t) const { return {}; }
+
 bool FenVisChart::calcDataViewport(DrawContext const& context, FenChart const& chart, FenOglViewport& data)
 {
     FenOglText& text = context.text;
@@ -78,6 +101,19 @@ void FenVisChart::drawTitle(DrawContext const& context, FenChart const& chart)
         text.draw(anchor, title);
     }
     text.clear();
+}
+
+FenVisHitRecordList FenVisChart::pick(SelectContext const& context, unsigned hits, FenProperties const& item,
+                                      boost::weak_ptr<IFenVisEventHandler> const& handler,
+                                      std::function<void(FenVisOglSelectWeakPtr select)> const& draw) const
+{
+    hitProperties().clear();
+    FenVisOglSelectBuffer buffer(hits);
+    {
+        FenVisOglSelect select(context, buffer);
+        draw(FenVisOglSelectWeakPtr(select));
+    }
+    return getHitRecords(buffer.records(), &item, handler, FenVisHitProperty());
 }
 
 FenVisHitRecordList FenVisChart::getHitRecords(std::vector<FenVisHitRecord> const& hits,

@@ -6,6 +6,8 @@
 
 #include <boost/make_shared.hpp>
 
+using Kes::Math::Vector3;
+
 QString const FenVisChart2D::typeString = QStringLiteral("visualization.chart.2d");
 
 FenVisChart2D::FenVisChart2D(FenModifiedGroup& group)
@@ -53,6 +55,38 @@ FenOglViewport FenVisChart2D::getDataViewport() const { return _dataViewport; }
 Kes::Math::BoundingBox FenVisChart2D::boundingBox() const { return _bounds; }
 
 FenChartValidVariableList FenVisChart2D::validVariables() const { return _validVariables; }
+
+FenChart* FenVisChart2D::content() { return &chart; }
+
+FenChartVariableList* FenVisChart2D::variables() { return &chart.variables; }
+
+FenChartAxisPair* FenVisChart2D::axes(Vector3::Comp direction)
+{
+    switch (direction) {
+    case Vector3::CompX:
+        return &chart.xAxes;
+    case Vector3::CompY:
+        return &chart.yAxes;
+    default:
+        return &chart.zAxes;
+    }
+}
+
+FenChartAxisPairScale const* FenVisChart2D::flatScales(Vector3::Comp direction) const
+{
+    if (chart.view3D.get() || direction == Vector3::CompZ) return nullptr;
+    return direction == Vector3::CompX ? &_xScale : &_yScale;
+}
+
+bool FenVisChart2D::colorRange(FenChartVariable const& variable, Kes::Math::Vector2& range) const
+{
+    for (unsigned i = 0; i < _perVariableScaling.size(); ++i) {
+        if (&_perVariableScaling.variable(i).variable() != &variable) continue;
+        gradientExtents(i, range);
+        return true;
+    }
+    return false;
+}
 
 Kes::Math::Vector3 FenVisChart2D::offset() const { return _offset; }
 

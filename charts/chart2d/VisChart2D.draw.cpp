@@ -4,9 +4,8 @@
 #include "charts/chart2d/VisChart2D.parts.h"
 #include "framework/DrawContext.h"
 #include "picking/hits/VisHitQualifiers.h"
-#include "picking/select/VisOglSelectBuffer.h"
 #include "services/logging/DebugLogger.h"
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglText.h"
 #include "services/opengl/PixelRatio.h"
@@ -50,20 +49,11 @@ void FenVisChart2D::drawSelect2d(DrawContext const& context, QPoint const& mouse
     _axes.Draw(context.text, *this, _xScale, _yScale, _dataViewport, select, _handler->hovered());
     if (!_pictures) return;
 
-    fen::AttribScope const state(0xFFFFF);
+    fen::FlatScope const flat;
     fen::scissor(context.viewport.x() + _dataViewport.x() + 1, context.viewport.y() + _dataViewport.y() + 1,
                  _dataViewport.width() - 1, _dataViewport.height() - 1);
     glEnable(GL_SCISSOR_TEST);
-    glDisable(GL_LIGHTING);
-    glDisable(GL_CULL_FACE);
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_TEXTURE_2D);
-    if (picking) {
-        clipTo(_dataViewport);
-    } else {
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    }
+    if (picking) clipTo(_dataViewport);
     Pass const pass{context, select, mouse, picking ? pickArea(context, _dataViewport) : QRectF()};
     if (picking && pass.area.isEmpty()) return;
     for (unsigned i = unsigned(_pictures->variables.size()); i-- > 0;)
@@ -112,23 +102,16 @@ void FenVisChart2D::drawSelect3d(DrawContext const&, QPoint const&, FenVisOglSel
 FenVisHitRecordList FenVisChart2D::select2d(SelectContext const& context) const
 {
     if (chart.view3D.get()) return FenVisHitRecordList();
-    hitProperties().clear();
-    FenVisOglSelectBuffer buffer((_validVariables.size() + 1) * 10);
-    {
-        FenVisOglSelect select(context, buffer);
-        drawSelect2d(context, context.point, FenVisOglSelectWeakPtr(select));
-    }
-    return getHitRecords(buffer.records(), &chart, _handler, FenVisHitProperty());
+    return pick(context, hitRoom(), chart, _handler,
+                [&](FenVisOglSelectWeakPtr select) { drawSelect2d(context, context.point, select); });
 }
 
 FenVisHitRecordList FenVisChart2D::select3d(SelectContext const& context) const
 {
     if (!chart.view3D.get()) return FenVisHitRecordList();
-    hitProperties().clear();
-    FenVisOglSelectBuffer buffer((_validVariables.size() + 1) * 10);
-    {
-        FenVisOglSelect select(context, buffer);
-        drawSelect3d(context, context.point, FenVisOglSelectWeakPtr(select));
-    }
-    return getHitRecords(buffer.records(), &chart, _handler, FenVisHitProperty());
+    return pick(context, hitRoom(), chart, _handler,
+                [&](FenVisOglSelectWeakPtr select) { drawSelect3d(context, context.point, select); });
 }
+
+/// Hits that the buffer of a pick has room for.
+unsigned FenVisChart2D::hitRoom() const { return (_validVariables.size() + 1) * 10; }

@@ -59,6 +59,11 @@ public:
     Kes::Math::BoundingBox boundingBox() const override;
 
     FenChartValidVariableList validVariables() const override;
+    FenChart* content() override;
+    FenChartVariableList* variables() override;
+    FenChartAxisPair* axes(Kes::Math::Vector3::Comp direction) override;
+    FenChartAxisPairScale const* flatScales(Kes::Math::Vector3::Comp direction) const override;
+    bool colorRange(FenChartVariable const& variable, Kes::Math::Vector2& range) const override;
     Kes::Math::Vector3 offset() const;
     Kes::Math::Vector3 scaling() const;
     /// Range of values that a gradient of variable `i` spans.
@@ -68,12 +73,8 @@ public:
     /// The scales that are shown, with their exact ranges.
     FenChartAxisPairScale const& xScale() const { return _xScale; }
     FenChartAxisPairScale const& yScale() const { return _yScale; }
-    /// Where ink lies in the data rectangle: curves, areas and bars every few pixels, symbols at their
-    /// centres.
-    /// @return [px] from the rectangle's lower left corner; about `limit` at most, spread evenly; empty
-    /// before
-    ///         the first resize
-    std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const;
+    /// Curves, areas and bars every few pixels, symbols at their centres.
+    std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const override;
 
 private:
     struct Pass; // one pass of drawing or picking
@@ -86,6 +87,7 @@ private:
 
     void drawSelect2d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
     void drawSelect3d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
+    unsigned hitRoom() const;
     Highlight highlightOf(unsigned index, bool picking) const;
 
     // Variable `index` of the pictures: VisChart2D.variables.cpp

@@ -4,8 +4,8 @@
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartVariable.h"
 #include "services/math/Vector2.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/Gl.h"
-#include "services/opengl/GlScopes.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglSymbolBatch.h"
@@ -34,9 +34,8 @@ struct Box {
 /// A gradient runs along the sample, from the lowest colour at the left.
 void drawGradient(FenOglCache& cache, QList<QColor> const& colors, Box const& box)
 {
-    AttribScope const attributes(GL_ENABLE_BIT | GL_TEXTURE_BIT);
-    glEnable(GL_TEXTURE_2D);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+    FlatScope const flat;
+    FlatScope::enableTexture(GL_REPLACE);
     cache.gradient(colors, gradientSteps, false).set();
     drawTexturedArray(GL_TRIANGLE_STRIP,
                       {Vector2(box.left, box.bottom), Vector2(box.left, box.top),
@@ -58,7 +57,7 @@ void drawFill(FenOglCache& cache, FenChartVariable const& variable, Box const& b
     } else if (mode == FenChart::fillSparse) {
         glColor(variable.backColor.get());
         drawRectangle(box.left, box.bottom, box.right, box.top);
-        AttribScope const attributes(GL_ENABLE_BIT | GL_POLYGON_STIPPLE_BIT);
+        FlatScope const flat;
         glEnable(GL_POLYGON_STIPPLE);
         glPolygonStipple(variable.fillPattern.get());
         glColor(variable.fillColor.get());
@@ -80,7 +79,7 @@ void drawLine(FenOglCache& cache, FenChartVariable const& variable, Box const& b
                      {box.left, middle - 0.5f * width, box.right, middle + 0.5f * width});
         return;
     }
-    AttribScope const attributes(GL_ENABLE_BIT | GL_LINE_BIT);
+    FlatScope const flat;
     glColor(gradient ? variable.colors.get().last() : variable.lineColor.get());
     lineWidth(width);
     if (variable.lineStyle.get() != QLatin1String("solid")) {

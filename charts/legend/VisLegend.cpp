@@ -1,7 +1,6 @@
 #include "charts/legend/VisLegend.h"
 
 #include "charts/VisChart.h"
-#include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/LegendPlacement.h"
 #include "charts/legend/VisLegend.handler.h"
 #include "framework/DrawContext.h"
@@ -11,6 +10,7 @@
 #include "services/chartdata/ChartVariable.h"
 #include "services/math/BoundingBox.h"
 #include "services/math/Vector2.h"
+#include "services/opengl/BoxPlacement.h"
 
 #include <boost/make_shared.hpp>
 
@@ -119,14 +119,13 @@ void FenVisLegend::collectEntries(DrawContext const& context)
 {
     auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get());
     if (!chart) return;
-    auto const* const chart2d = dynamic_cast<FenVisChart2D const*>(chart);
     FenChartValidVariableList const variables = chart->validVariables();
     for (unsigned i = 0; i < variables.size(); ++i) {
         if (!variables.alive(i)) continue;
         FenChartVariable const& variable = variables.variable(i);
         if (!variable.legend.get()) continue;
         Kes::Math::Vector2 range = variables.minmax(i);
-        if (chart2d) chart2d->gradientExtents(i, range);
+        chart->colorRange(variable, range);
         _entries.emplace_back(&variable);
         _intervals.push_back(range.y() > range.x()
                                  ? Kes::Math::NiceIntervals(double(range.x()), double(range.y()),
@@ -135,12 +134,7 @@ void FenVisLegend::collectEntries(DrawContext const& context)
     }
 }
 
-bool FenVisLegend::placedAutomatically() const
-{
-    FenViewport const& place = legend.viewport;
-    return place.placement.get() == QLatin1String("bottomLeft") && place.x.get() == 0.0
-        && place.y.get() == 0.0 && place.width.get() == 1.0 && place.height.get() == 1.0;
-}
+bool FenVisLegend::placedAutomatically() const { return fen::BoxPlacement(legend.viewport).untouched(); }
 
 void FenVisLegend::resize(DrawContext const& context)
 {
@@ -150,31 +144,19 @@ void FenVisLegend::resize(DrawContext const& context)
     QSize const area = context.viewport.size();
     QSize const box = sizeLegend(context.text, context.viewport, layout->ramps).box;
     std::vector<QPoint> ink;
-    if (auto const* const chart = dynamic_cast<FenVisChart2D const*>(_chart.get()))
-        ink = chart->drawnPixels();
+    if (auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get())) ink = chart->drawnPixels();
     _place = fen::leastHidingPlace(box, area, automaticMargin, ink);
 }
 
 FenOglViewport FenVisLegend::calcLegendViewport(QSize const& size, FenOglViewport const& viewport) const
 {
     QPoint corner = _place;
-    if (QPoint const* const dragged = _handler->dragged()) {
-        corner = *dragged;
-    } else if (!placedAutomatically()) {
-        FenModifiedGroup group;
-        FenViewport place(group);
-        place.placement.set(legend.viewport.placement.get());
-        place.x.set(legend.viewport.x.get());
-        place.y.set(legend.viewport.y.get());
-        place.width.set(size.width());
-        place.height.set(size.height());
-        FenOglViewport const fitted = FenOglViewport::fitToParent(viewport, place);
-        corner = QPoint(fitted.x(), fitted.y());
-    }
-    // Inside the data rectangle, as far as it is large enough.
-    corner.setX(std::clamp(corner.x(), 0, std::max(0, viewport.width() - size.width())));
-    corner.setY(std::clamp(corner.y(), 0, std::max(0, viewport.height() - size.height())));
-    return FenOglViewport(corner.x(), corner.y(), size.width(), size.height());
+    if (fen::BoxDrag const& drag = _handler->drag(); drag.active())
+        corner = drag.box().origin();
+    else if (!placedAutomatically())
+        corner = fen::BoxPlacement(legend.viewport, size).within(viewport).origin();
+    FenOglViewport const box(corner.x(), corner.y(), size.width(), size.height());
+    return fen::keptInside(box, FenOglViewport(0, 0, viewport.width(), viewport.height()));
 }
 
 std::vector<FenChartVariable const*> FenVisLegend::entries() const

@@ -8,8 +8,8 @@
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartVariable.h"
 #include "services/math/Vector2.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/Gl.h"
-#include "services/opengl/GlScopes.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglText.h"
@@ -85,9 +85,8 @@ void drawRamp(FenOglCache& cache, FenOglText& text, FenChartVariable const& vari
     float const y0 = float(bottom);
     float const y1 = float(bottom + length);
     {
-        fen::AttribScope const attributes(GL_ENABLE_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT);
-        glEnable(GL_TEXTURE_2D);
-        glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+        fen::FlatScope const flat;
+        fen::FlatScope::enableTexture(GL_REPLACE);
         cache.gradient(variable.colors.get(), rampSteps, false).set();
         fen::drawTexturedArray(GL_TRIANGLE_STRIP,
                                {Vector2(x0, y0), Vector2(x1, y0), Vector2(x0, y1), Vector2(x1, y1)},
@@ -210,11 +209,7 @@ void FenVisLegend::drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewpo
     fen::LegendLayout const layout = sizeLegend(text, viewport, ramps);
     _box = calcLegendViewport(layout.box, viewport);
 
-    fen::AttribScope const attributes(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT | GL_LINE_BIT);
-    glDisable(GL_LIGHTING);
-    glDisable(GL_DEPTH_TEST);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    fen::FlatScope const flat;
     decorate(color);
 
     text.setPointSize(pointSize);

@@ -15,21 +15,19 @@ bool FenVisLegend::HitDetectEventHandler::OnMouseDrag(FenVisHitRecord const& hit
 {
     auto* const legend = nodeAs<FenVisLegend>();
     if (!legend || !lookUp(hit).defined()) return false;
-    FenOglViewport const box = legend->box();
-    if (!_dragging) _corner = QPoint(box.x(), box.y());
-    _dragging = true;
-    _corner -= offset;
+    if (!_drag.active()) _drag.begin(legend->box());
+    _drag.move(offset);
     return true;
 }
 
 bool FenVisLegend::HitDetectEventHandler::OnMouseRelease(FenVisHitRecord const& hit)
 {
     auto* const legend = nodeAs<FenVisLegend>();
-    bool const moved = _dragging && legend && legend->_box.valid() && lookUp(hit).defined();
+    bool const moved = _drag.active() && legend && legend->_box.valid() && lookUp(hit).defined();
     // The last part of the way may not have been drawn yet.
     FenOglViewport const box =
         moved ? legend->calcLegendViewport(legend->_box.size(), legend->_area) : FenOglViewport();
-    _dragging = false;
+    _drag.end();
     if (!moved) return false;
     legend->legend.viewport = FenOglViewport::fitToParent(legend->group(), box, legend->_area);
     return true;

@@ -2,6 +2,7 @@
 
 #include "charts/legend/VisLegend.h"
 #include "picking/select/VisHoverHandler.h"
+#include "services/opengl/BoxPlacement.h"
 
 /// Hover, click and drag of a legend. Hovering or clicking an entry highlights
 /// it; dragging moves the legend, and the release writes its place.
@@ -13,14 +14,12 @@ public:
     bool OnMouseRelease(FenVisHitRecord const& hit) override;
     bool OnMouseSelect(FenVisHitRecord const& hit) override;
 
-    /// [px] lower left corner of the box while it is dragged, else null.
-    QPoint const* dragged() const { return _dragging ? &_corner : nullptr; }
+    fen::BoxDrag const& drag() const { return _drag; }
 
 protected:
     /// The label of an entry's variable, or the legend's name.
     bool describe(FenVisHitProperty const& hit, FenStringBuilder const& builder, QString& tooltip) override;
 
 private:
-    bool _dragging = false;
-    QPoint _corner;
+    fen::BoxDrag _drag;
 };
