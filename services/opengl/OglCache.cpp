@@ -8,6 +8,7 @@
 #include "services/opengl/Resource.h"
 #include "services/opengl/oglft/Face.h"
 #include "services/opengl/oglft/GlyphAtlas.h"
+#include "services/properties/ColorSchemes.h"
 
 #include <QDataStream>
 #include <QFont>
@@ -65,26 +66,12 @@ private:
     QHash<QByteArray, std::list<Entry>::iterator> _places;
 };
 
-/// The list's colour at `position` of 0..1, linear between its entries.
-QColor rampColor(QList<QColor> const& colors, double position)
-{
-    if (colors.isEmpty()) return Qt::black;
-    double const place = position * double(colors.size() - 1);
-    auto const below = std::min(qsizetype(place), colors.size() - 1);
-    QColor const& a = colors[below];
-    QColor const& b = colors[std::min(below + 1, colors.size() - 1)];
-    double const share = place - double(below);
-    auto const mix = [&](int from, int to) { return qRound(from + share * (to - from)); };
-    return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()),
-                  mix(a.alpha(), b.alpha()));
-}
-
 /// 1 x steps texels, the first entry lowest.
 QImage rampPicture(QList<QColor> const& colors, int steps)
 {
     QImage ramp(1, steps, QImage::Format_RGBA8888);
     for (int i = 0; i < steps; ++i)
-        ramp.setPixelColor(0, steps - 1 - i, rampColor(colors, steps > 1 ? double(i) / (steps - 1) : 0));
+        ramp.setPixelColor(0, steps - 1 - i, fen::rampColor(colors, steps > 1 ? double(i) / (steps - 1) : 0));
     return ramp;
 }
 

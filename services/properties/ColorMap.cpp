@@ -1,5 +1,6 @@
 #include "services/properties/ColorMap.h"
 
+#include "services/properties/ColorSchemes.h"
 #include "services/properties/TypedDefaults.h"
 
 #include <algorithm>
@@ -15,13 +16,6 @@ double fraction(double value, double from, double to)
     // Infinite ends, or the value of a range without extent: only the side counts.
     if (std::isnan(place)) return value > from ? 1.0 : 0.0;
     return std::clamp(place, 0.0, 1.0);
-}
-
-QColor mix(QColor const& a, QColor const& b, double share)
-{
-    auto const channel = [share](int from, int to) { return int(std::lround(from + (to - from) * share)); };
-    return QColor(channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue()),
-                  channel(a.alpha(), b.alpha()));
 }
 
 } // namespace
@@ -46,10 +40,6 @@ FenColorMap::FenColorMap(FenColorMap const& other)
 
 QColor FenColorMap::color(double value) const
 {
-    QList<QColor> const& list = colors.get();
-    if (list.isEmpty() || std::isnan(value)) return Qt::black;
-    double const place = fraction(value, min.get(), max.get()) * double(list.size() - 1);
-    qsizetype const below = qsizetype(place);
-    qsizetype const above = std::min(below + 1, list.size() - 1);
-    return mix(list[below], list[above], place - double(below));
+    if (std::isnan(value)) return Qt::black;
+    return fen::rampColor(colors.get(), fraction(value, min.get(), max.get()));
 }

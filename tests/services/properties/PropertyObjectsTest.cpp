@@ -1,4 +1,5 @@
 #include "services/properties/ColorMap.h"
+#include "services/properties/ColorSchemes.h"
 #include "services/properties/Transform.h"
 #include "services/properties/TypedDefaults.h"
 #include "services/properties/Viewport.h"
@@ -20,6 +21,29 @@ TEST(PropertyObjects, StartWithTheirDefaultsAndAreCopied)
     EXPECT_EQ(FenMatrix0, transform.matrix());
     transform.value.set(Kes::Math::Matrix::rotate(Kes::Math::VectorZ, 90));
     EXPECT_EQ(transform.matrix(), FenTransform(transform).matrix());
+}
+
+TEST(ColorSchemes, AreOrderedByLightnessAndTextsOnThemReadable)
+{
+    for (QString const& name : fen::colorSchemeNames()) {
+        QList<QColor> const colors = fen::colorScheme(name);
+        ASSERT_GE(colors.size(), 8) << qPrintable(name);
+        double contrast = 21;
+        for (QColor const& color : colors) {
+            double const ground = fen::relativeLuminance(color) + 0.05;
+            double const text = fen::relativeLuminance(fen::readableOn(color)) + 0.05;
+            contrast = std::min(contrast, std::max(ground / text, text / ground));
+        }
+        EXPECT_GE(contrast, 4.5) << qPrintable(name); // what WCAG asks of small texts
+        if (name == QLatin1String(fen::defaultCategoryScheme)) continue;
+        qsizetype const rising =
+            name == QLatin1String(fen::defaultDivergingScheme) ? colors.size() / 2 : colors.size() - 1;
+        for (qsizetype i = 0; i + 1 < colors.size(); ++i)
+            EXPECT_EQ(i < rising, fen::relativeLuminance(colors[i]) < fen::relativeLuminance(colors[i + 1]))
+                << qPrintable(name) << i;
+    }
+    EXPECT_TRUE(fen::colorScheme("no such").isEmpty());
+    EXPECT_EQ(QColor(Qt::black), fen::rampColor({}, 0.5));
 }
 
 TEST(FenColorMap, IsLinearAndClamped)
