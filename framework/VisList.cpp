@@ -1,5 +1,6 @@
 #include "framework/VisList.h"
 
+#include "axes/VisColorMap.h"
 #include "framework/VisPassiveNode.h"
 #include "services/logging/Checks.h"
 #include "services/math/BoundingBox.h"
@@ -11,8 +12,7 @@ constexpr char const* constructorMark = " @line 179";
 constexpr char const* destructorMark = " @line 185";
 constexpr char const* wrongTypeText = "c && \"Type is incorrect\"";
 
-// Types of the nodes above this layer that a list looks up among its children.
-constexpr char const* colorMapType = "visualization.colorMap";
+// Type of the nodes above this layer that a list looks up among its children.
 constexpr char const* planeType = "visualization.plane";
 constexpr char const* colorMapKey = "colorMap";
 
@@ -30,6 +30,10 @@ FenVisualization const* asNode(FenProperties const* child)
 {
     return dynamic_cast<FenVisualization const*>(child);
 }
+
+bool isColorMap(FenVisualization const* node) { return dynamic_cast<FenVisColorMap const*>(node); }
+
+bool isPlane(FenVisualization const* node) { return node && node->type() == QLatin1String(planeType); }
 
 } // namespace
 
@@ -94,24 +98,22 @@ FenVisualization const* FenVisList::back() const { return asNode(FenVisualizatio
 void FenVisList::colorMapList(QStringList& first, QStringList& second) const
 {
     for (unsigned int i = 0; i < size(); ++i) {
-        FenVisualization const* const node = at(i);
-        if (!node || node->type() != QLatin1String(colorMapType)) continue;
-        second.append(node->name());
-        first.append(node->name());
+        if (!isColorMap(at(i))) continue;
+        second.append(at(i)->name());
+        first.append(at(i)->name());
     }
 }
 
-QStringList const& FenVisList::listColorMap() const { return namesOfType(_colorMapNames, colorMapType); }
+QStringList const& FenVisList::listColorMap() const { return namesOf(_colorMapNames, isColorMap); }
 
-QStringList const& FenVisList::listPlane() const { return namesOfType(_planeNames, planeType); }
+QStringList const& FenVisList::listPlane() const { return namesOf(_planeNames, isPlane); }
 
-QStringList const& FenVisList::namesOfType(NameCache& cache, char const* type) const
+QStringList const& FenVisList::namesOf(NameCache& cache, bool (*listed)(FenVisualization const*)) const
 {
     if (!cache.watcher.modified()) return cache.names;
     cache.names.clear();
     for (unsigned int i = 0; i < size(); ++i) {
-        FenVisualization const* const node = at(i);
-        if (node && node->type() == QLatin1String(type)) cache.names.append(node->name());
+        if (listed(at(i))) cache.names.append(at(i)->name());
     }
     cache.watcher.reset();
     return cache.names;
@@ -121,9 +123,9 @@ bool FenVisList::colorMapping() const
 {
     for (unsigned int i = 0; i < size(); ++i) {
         FenVisualization const* const plane = at(i);
-        if (!plane || plane->type() != QLatin1String(planeType) || !plane->enabled.get()) continue;
+        if (!isPlane(plane) || !plane->enabled.get()) continue;
         FenVisualization const* const map = at(plane->getString(colorMapKey, QString()));
-        if (map && map->type() == QLatin1String(colorMapType) && map->enabled.get()) return true;
+        if (isColorMap(map) && map->enabled.get()) return true;
     }
     return false;
 }

@@ -1,5 +1,6 @@
 #include "framework/VisList.h"
 
+#include "axes/VisColorMap.h"
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
 #include "scene/VisViewpoint.h"
@@ -32,6 +33,7 @@ std::vector<Row> const& rows()
         row<FenVisLegend>(),
         row<FenVisChart2D>(),
         row<FenVisViewpoint>(),
+        row<FenVisColorMap>(),
     };
     return table;
 }

@@ -88,7 +88,7 @@ private:
         QStringList names;
     };
 
-    QStringList const& namesOfType(NameCache& cache, char const* type) const;
+    QStringList const& namesOf(NameCache& cache, bool (*listed)(FenVisualization const*)) const;
     template <class Context, class Visit>
     void forEachVisited(Context const& context, Space space, Visit const& visit) const;
 

@@ -1,3 +1,4 @@
+#include "axes/VisColorMap.h"
 #include "tests/framework/RecordingNode.h"
 #include "tests/support/LogCapture.h"
 
@@ -127,13 +128,15 @@ TEST_F(VisList, SkipsDestroyedChildrenAndKeepsRemovedOnesUntilTheNextUpdate)
 
 TEST_F(VisList, ListsColourMapsAndPlanesAndTellsWhetherAnEnabledPairBelongsTogether)
 {
-    RecordingNode& map = add("m", 0, "visualization.colorMap");
+    auto& map = dynamic_cast<FenVisColorMap&>(list->child("m", "visualization.colorMap"));
     RecordingNode& plane = add("p", 0, "visualization.plane");
     plane.rename("q");
     EXPECT_EQ(QStringList("q"), list->listPlane());
     std::tuple<QString, bool, bool, bool> const rows[] = {
         {"", true, true, false},   {"m", true, true, true},  {"m", false, true, false},
-        {"m", true, false, false}, {"q", true, true, false}, {"z", true, true, false}};
+        {"m", true, false, false}, {"q", true, true, false}, {"z", true, true, false},
+        {"n", true, true, false}};
+    add("n", 0, "visualization.colorMap"); // the class counts, not what a node calls itself
     for (auto const& [named, planeOn, mapOn, expected] : rows) {
         plane.setValue("colorMap", named);
         plane.enabled.set(planeOn);
