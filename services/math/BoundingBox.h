@@ -28,8 +28,9 @@ public:
     constexpr Vector3 const& min() const { return _min; }
     constexpr Vector3 const& max() const { return _max; }
     /// max - min; zero when undefined.
-    Vector3 extent() const { return _defined ? _max - _min : Vector3(); }
-    Vector3 center() const { return _defined ? _min * 0.5f + _max * 0.5f : Vector3(); }
+    Vector3 extent() const;
+    /// Zero when undefined, and along axes without an end on both sides.
+    Vector3 center() const;
 
     /// Grows to hold a point; an undefined box becomes that point. A point with a NaN is ignored.
     void insert(float x, float y, float z);
@@ -47,7 +48,7 @@ public:
 
     /// The box with both corners multiplied component by component; negative factors mirror it.
     BoundingBox scale(Vector3 const& factors) const;
-    /// The box of the eight transformed corners.
+    /// The box of the eight transformed corners; of a box without end, by the affine part.
     BoundingBox operator*(Matrix const& m) const;
 
     /// Undefined boxes are equal to each other and to nothing else.

@@ -25,7 +25,6 @@ public:
     constexpr float& operator()(int row, int column) { return _m[column * 4 + row]; }
 
     bool operator==(Matrix const& o) const;
-    bool operator<(Matrix const&) const = delete;
 
     void identity() { *this = Matrix(); }
 

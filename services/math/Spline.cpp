@@ -14,71 +14,83 @@ constexpr size_t maxPoints = size_t(1) << 24;
 bool finite(Vector2 const& p) { return std::isfinite(p.x()) && std::isfinite(p.y()); }
 bool finite(Vector3 const& p) { return finite(Vector2(p)) && std::isfinite(p.z()); }
 
-// Parameters strictly between 0 and 1 at which the curve is taken.
-struct Sampling {
-    double step;
-    size_t inner;
-
-    Sampling(double asked, size_t points)
-    {
-        constexpr double rounding = 1e-4; // 1 / 0.1f is a little less than 10
-        size_t const room = std::clamp(maxPoints / std::max<size_t>(points, 1), size_t(1), maxPerSpan);
-        double const spans = std::ceil(1.0 / asked - rounding);
-        inner = size_t(std::clamp(spans, 1.0, double(room))) - 1;
-        step = spans > double(room) ? 1.0 / double(room) : asked;
-    }
-};
-
-// The x axis is the one along which a curve runs; curves in space have none.
-bool ascending(std::vector<Vector2> const& run)
+// Number of even parts of the way between two points.
+size_t parts(double step, size_t points)
 {
-    return std::is_sorted(run.begin(), run.end(), [](auto const& a, auto const& b) { return a.x() < b.x(); });
+    constexpr double rounding = 1e-4; // 1 / 0.1f is a little less than 10
+    size_t const room = std::clamp(maxPoints / std::max<size_t>(points, 1), size_t(1), maxPerSpan);
+    return size_t(std::clamp(std::ceil(1.0 / step - rounding), 1.0, double(room)));
 }
-bool ascending(std::vector<Vector3> const&) { return false; }
 
-// Half the way from the point before to the point after.
+// The greatest slope of a cubic piece that leads from a point to both its neighbours without running back:
+// three times the way, when both lie in the same direction, else none.
+float steepest(float toBefore, float toAfter)
+{
+    bool const onward = (toBefore > 0.0f && toAfter > 0.0f) || (toBefore < 0.0f && toAfter < 0.0f);
+    return onward ? 3.0f * std::min(std::fabs(toBefore), std::fabs(toAfter)) : 0.0f;
+}
+
+// The x axis is the one along which a curve runs.
+void keepFromRunningBack(Vector2& slope, Vector2 const& toBefore, Vector2 const& toAfter)
+{
+    float const most = steepest(toBefore.x(), toAfter.x());
+    if (most > 0.0f) {
+        if (std::fabs(slope.x()) > most) slope *= most / std::fabs(slope.x());
+        return;
+    }
+    // x turns or stands still here: the curve passes along y, and does not swing out there either.
+    float const up = steepest(toBefore.y(), toAfter.y());
+    slope = Vector2(0.0f, std::clamp(slope.y(), -up, up));
+}
+// Curves in space run along no axis.
+void keepFromRunningBack(Vector3&, Vector3 const&, Vector3 const&) { }
+
+// Half the way from the point before to the point after; the ends count twice.
 template <class Vector>
-Vector tangent(std::vector<Vector> const& run, size_t i, bool keepsAscending)
+Vector tangent(std::vector<Vector> const& run, size_t i)
 {
     Vector const& before = run[i > 0 ? i - 1 : 0];
     Vector const& after = run[std::min(i + 1, run.size() - 1)];
-    Vector const slope = after * 0.5f - before * 0.5f;
-    if (!keepsAscending || !(slope.x() > 0.0f)) return slope;
-    // A cubic piece from 0 to d stays ascending when its slopes at both ends lie within 0 and 3 d.
-    float const toBefore = i > 0 ? run[i].x() - before.x() : after.x() - run[i].x();
-    float const toAfter = i + 1 < run.size() ? after.x() - run[i].x() : toBefore;
-    float const most = 3.0f * std::min(toBefore, toAfter);
-    return slope.x() > most ? slope * (most / slope.x()) : slope;
+    Vector slope = after * 0.5f - before * 0.5f;
+    if (i > 0 && i + 1 < run.size()) keepFromRunningBack(slope, run[i] - before, after - run[i]);
+    return slope;
 }
 
-// Cubic Hermite piece from a (slope m) to b (slope n).
+// Cubic Hermite piece from a (slope m) to b (slope n), at t and s = 1 - t: the same from either end.
 template <class Vector>
-Vector onCurve(Vector const& a, Vector const& b, Vector const& m, Vector const& n, double t)
+Vector onCurve(Vector const& a, Vector const& b, Vector const& m, Vector const& n, double t, double s)
 {
-    double const s = 1.0 - t;
-    double const fromA = (1.0 + 2.0 * t) * s * s;
-    double const fromB = t * t * (3.0 - 2.0 * t);
+    double const fromA = (s + 3.0 * t) * s * s;
+    double const fromB = (t + 3.0 * s) * t * t;
     double const fromM = t * s * s;
-    double const fromN = -t * t * s;
+    double const fromN = -(s * t * t);
     Vector p = a;
     for (size_t i = 0; i < sizeof(Vector) / sizeof(float); ++i) {
-        p[i] = float(fromA * a[i] + fromB * b[i] + fromM * m[i] + fromN * n[i]);
+        p[i] = float((fromA * a[i] + fromB * b[i]) + (fromM * m[i] + fromN * n[i]));
     }
     return p;
 }
 
-template <class Vector>
-void appendRun(std::vector<Vector> const& run, Sampling const& sampling, std::vector<Vector>& curve)
+// Rounding must not lead back either.
+void keepBetween(Vector2& p, Vector2 const& before, Vector2 const& end)
 {
-    bool const keepsAscending = ascending(run);
+    auto const [low, high] = std::minmax({before.x(), end.x()});
+    p.x() = std::clamp(p.x(), low, high);
+}
+void keepBetween(Vector3&, Vector3 const&, Vector3 const&) { }
+
+template <class Vector>
+void appendRun(std::vector<Vector> const& run, size_t spans, std::vector<Vector>& curve)
+{
     for (size_t i = 0; i < run.size(); ++i) {
         curve.push_back(run[i]);
         if (run.size() < 3 || i + 1 == run.size()) continue;
-        Vector const m = tangent(run, i, keepsAscending);
-        Vector const n = tangent(run, i + 1, keepsAscending);
-        for (size_t k = 1; k <= sampling.inner; ++k) {
-            Vector p = onCurve(run[i], run[i + 1], m, n, double(k) * sampling.step);
-            if (keepsAscending) p.x() = std::clamp(p.x(), curve.back().x(), run[i + 1].x()); // rounding
+        Vector const m = tangent(run, i);
+        Vector const n = tangent(run, i + 1);
+        for (size_t k = 1; k < spans; ++k) {
+            double const t = double(k) / double(spans), s = double(spans - k) / double(spans);
+            Vector p = onCurve(run[i], run[i + 1], m, n, t, s);
+            keepBetween(p, curve.back(), run[i + 1]);
             curve.push_back(p);
         }
     }
@@ -88,19 +100,19 @@ template <class Vector>
 void interpolate(std::vector<Vector>& points, float step)
 {
     if (!(step > 0.0f && step <= 1.0f)) return;
-    Sampling const sampling(double(step), points.size());
+    size_t const spans = parts(double(step), points.size());
     std::vector<Vector> curve;
-    curve.reserve(points.size() * (sampling.inner + 1));
+    curve.reserve(points.size() * spans);
     std::vector<Vector> run;
     for (Vector const& p : points) {
         if (!finite(p)) {
-            appendRun(std::exchange(run, {}), sampling, curve);
+            appendRun(std::exchange(run, {}), spans, curve);
             curve.push_back(p);
         } else if (run.empty() || !(run.back() == p)) {
             run.push_back(p);
         }
     }
-    appendRun(run, sampling, curve);
+    appendRun(run, spans, curve);
     points = std::move(curve);
 }
 

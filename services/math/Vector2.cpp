@@ -11,10 +11,15 @@ namespace Kes::Math {
 
 namespace {
 
-float const infinity = std::numeric_limits<float>::infinity();
-
-// No number at all leaves the start value, which becomes 0.
-float found(float extreme, float start) { return extreme == start ? 0.0f : extreme; }
+// Passes over NaN, which it starts with.
+template <class Choose>
+Vector2 extreme(std::vector<Vector2> const& points, Choose const& choose)
+{
+    float const none = std::numeric_limits<float>::quiet_NaN();
+    Vector2 result(none, none);
+    for (Vector2 const& p : points) result = Vector2(choose(result.x(), p.x()), choose(result.y(), p.y()));
+    return Vector2(std::isnan(result.x()) ? 0.0f : result.x(), std::isnan(result.y()) ? 0.0f : result.y());
+}
 
 // NaN after every number, on either side of a comparison.
 std::weak_ordering order(float a, float b)
@@ -35,20 +40,12 @@ float Vector2::length() const { return std::hypot(x(), y()); }
 
 Vector2 Vector2::min(std::vector<Vector2> const& points)
 {
-    Vector2 least(infinity, infinity);
-    for (Vector2 const& p : points) {
-        least = Vector2(std::fmin(least.x(), p.x()), std::fmin(least.y(), p.y()));
-    }
-    return Vector2(found(least.x(), infinity), found(least.y(), infinity));
+    return extreme(points, [](float a, float b) { return std::fmin(a, b); });
 }
 
 Vector2 Vector2::max(std::vector<Vector2> const& points)
 {
-    Vector2 most(-infinity, -infinity);
-    for (Vector2 const& p : points) {
-        most = Vector2(std::fmax(most.x(), p.x()), std::fmax(most.y(), p.y()));
-    }
-    return Vector2(found(most.x(), -infinity), found(most.y(), -infinity));
+    return extreme(points, [](float a, float b) { return std::fmax(a, b); });
 }
 
 std::ostream& operator<<(std::ostream& out, Vector2 const& v)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../logging/Export.h"
+#include "Components.h"
 
 #include <concepts>
 #include <cstddef>
@@ -65,8 +66,8 @@ public:
 
     float length() const;
 
-    /// Component-wise minimum and maximum of a list. A NaN counts as absent; without any number the
-    /// component is 0.
+    /// Component-wise minimum and maximum of a list, infinities included. A NaN counts as absent; without
+    /// any number the component is 0.
     static Vector2 min(std::vector<Vector2> const& points);
     static Vector2 max(std::vector<Vector2> const& points);
 

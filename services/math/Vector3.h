@@ -77,8 +77,6 @@ public:
     Vector3 mult3x3(Matrix const& m) const;
 
     constexpr bool operator==(Vector3 const& o) const { return x() == o.x() && y() == o.y() && z() == o.z(); }
-    bool operator==(Vector2 const&) const = delete;
-    bool operator<(Vector3 const&) const = delete;
 
     float length() const;
     /// To length 1; a vector without length or with a component that is not finite stays as it is.

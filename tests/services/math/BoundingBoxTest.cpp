@@ -28,4 +28,9 @@ TEST(BoundingBox, ScalesAndTransforms)
     EXPECT_EQ(BoundingBox(Vector3(-4, 1, 3), Vector3(-2, 2, 6)), box * Matrix::rotate(VectorZ, 90));
     EXPECT_FALSE((BoundingBox() * Matrix::rotate(VectorZ, 90)).defined()
                  || BoundingBox().scale(Vector1).defined());
+    BoundingBox const endless(Vector3(-INFINITY, 2, 0), Vector3(INFINITY, 4, INFINITY));
+    EXPECT_EQ(Vector3(0, 3, INFINITY), endless.center());
+    EXPECT_EQ(BoundingBox(Vector3(0, 2, 0), Vector3(0, 4, INFINITY)), endless.scale(Vector3(0, 1, 1)));
+    EXPECT_EQ(BoundingBox(Vector3(-4, -INFINITY, 0), Vector3(-2, INFINITY, INFINITY)),
+              endless * Matrix::rotate(VectorZ, 90));
 }

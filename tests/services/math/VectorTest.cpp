@@ -15,12 +15,37 @@ using namespace Kes::Math;
 
 static_assert(!std::is_convertible_v<Vector2, Vector3> && !std::is_convertible_v<Vector3, Vector2>);
 static_assert(!std::is_convertible_v<double, Angle>);
-template <class T>
-concept Ordered = requires(T const& a, T const& b)
+// What is not defined is no comparison or difference of pointers either.
+template <class A, class B = A>
+concept Ordered = requires(A const& a, B const& b)
 {
     a < b;
 };
-static_assert(Ordered<Vector2> && !Ordered<Vector3> && !Ordered<Matrix>);
+template <class A, class B = A>
+concept Compared = requires(A const& a, B const& b)
+{
+    a > b;
+}
+|| requires(A const& a, B const& b) { a <= b; }
+|| requires(A const& a, B const& b) { a >= b; };
+template <class A, class B>
+concept Mixed = requires(A const& a, B const& b)
+{
+    a - b;
+}
+|| requires(A const& a, B const& b) { a + b; }
+|| requires(A const& a, B const& b) { a == b; };
+static_assert(Ordered<Vector2> && !Ordered<Vector3> && !Ordered<Matrix> && !Ordered<Vector2, Vector3>);
+static_assert(!Compared<Vector2> && !Compared<Vector3> && !Compared<Matrix> && !Compared<Matrix, Vector3>);
+static_assert(!Mixed<Vector3, Vector2> && !Mixed<Vector2, Vector3> && !Mixed<Matrix, Vector3>);
+static_assert(!Mixed<Vector3, int> && !Mixed<float const*, Vector2>);
+template <class T>
+concept Subtracted = requires(T const& a)
+{
+    a - a;
+};
+static_assert(Subtracted<Vector2> && Subtracted<Vector3> && !Subtracted<Matrix>);
+static_assert(Angle::Angle270 == Angle270 && Angle::Angle90 == Angle90 && Angle::Angle0 == Angle());
 
 TEST(Vector2, OrdersAndPassesOverWhatIsNoNumber)
 {
@@ -33,6 +58,9 @@ TEST(Vector2, OrdersAndPassesOverWhatIsNoNumber)
     EXPECT_EQ(Vector2(2, 5), Vector2::max(points));
     EXPECT_EQ(Vector2(), Vector2::max({Vector2(NAN, NAN)}));
     EXPECT_EQ(Vector2(), Vector2::min({}));
+    EXPECT_EQ(Vector2(INFINITY, -INFINITY),
+              Vector2::min({Vector2(INFINITY, -INFINITY), Vector2(INFINITY, 1)}));
+    EXPECT_EQ(Vector2(-INFINITY, 0), Vector2::max({Vector2(-INFINITY, 0)}));
 }
 
 TEST(Vector3, HasComponentsAndArithmetic)
