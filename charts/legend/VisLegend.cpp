@@ -11,6 +11,7 @@
 #include "services/math/BoundingBox.h"
 #include "services/math/Vector2.h"
 #include "services/opengl/BoxPlacement.h"
+#include "services/properties/SiblingName.h"
 
 #include <boost/make_shared.hpp>
 
@@ -69,7 +70,7 @@ FenVisLegend::~FenVisLegend() { unlink(); }
 void FenVisLegend::onDependentRename(QString const& oldName, QString const& newName)
 {
     FenVisualization::onDependentRename(oldName, newName);
-    if (!oldName.isEmpty() && legend.chart.get() == oldName) legend.chart.set(newName);
+    fen::followRename(legend.chart, oldName, newName);
 }
 
 bool FenVisLegend::getViewport(FenOglViewport const& parent, FenOglViewport& own) const

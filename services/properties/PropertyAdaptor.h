@@ -2,6 +2,7 @@
 
 #include "../logging/Export.h"
 #include "Properties.h"
+#include "ValueText.h"
 #include "ViewPtr.h"
 
 #include <QString>
@@ -90,7 +91,7 @@ public:
     {
         FenProperties* const owner = _owner.get();
         if (!owner) return;
-        _cache = value;
+        _cache = fen::asReadBack(value);
         owner->string().write(_slot, value);
         reset();
     }

@@ -3,6 +3,7 @@
 #include "services/math/Matrix.h"
 #include "services/math/Vector2.h"
 #include "services/math/Vector3.h"
+#include "services/properties/ValueText.h"
 
 #include <QColor>
 #include <QList>
@@ -43,20 +44,9 @@ struct Kept<Matrix> {
 // --- values as they read back from their texts
 
 template <class T>
-T const& kept(T const& value)
+decltype(auto) kept(T const& value)
 {
-    return value;
-}
-inline QColor kept(QColor const& color)
-{
-    return color.isValid() ? QColor::fromRgba(color.rgba()) : QColor();
-}
-inline QList<QColor> kept(QList<QColor> const& colors)
-{
-    QList<QColor> list;
-    list.reserve(colors.size());
-    for (QColor const& color : colors) list.push_back(kept(color));
-    return list;
+    return asReadBack(value);
 }
 inline SharedMatrix kept(Matrix const& matrix) { return std::make_shared<Matrix const>(matrix); }
 

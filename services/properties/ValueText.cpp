@@ -171,7 +171,7 @@ bool parseColor(QStringView token, QColor& value)
 {
     QColor const color = token.isEmpty() ? QColor() : QColor::fromString(token);
     if (!token.isEmpty() && !color.isValid()) return false;
-    value = color;
+    value = fen::asReadBack(color);
     return true;
 }
 
@@ -190,6 +190,16 @@ QString toText(float value) { return numbersText(&value, 1); }
 QString toText(double value) { return numbersText(&value, 1); }
 
 QString toText(QColor const& value) { return value.isValid() ? value.name(QColor::HexArgb) : QString(); }
+
+QColor asReadBack(QColor const& color) { return color.isValid() ? QColor::fromRgba(color.rgba()) : QColor(); }
+
+QList<QColor> asReadBack(QList<QColor> const& colors)
+{
+    QList<QColor> list;
+    list.reserve(colors.size());
+    for (QColor const& color : colors) list.push_back(asReadBack(color));
+    return list;
+}
 
 QString toText(Kes::Math::Vector2 const& value) { return numbersText<float>(value, 2); }
 

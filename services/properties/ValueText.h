@@ -15,7 +15,7 @@ class Vector2;
 class Vector3;
 } // namespace Kes::Math
 
-/// Property values as texts and back; every value is read back exactly.
+/// Property values as texts and back; every value is read back exactly, colours with 8 bits per component.
 ///
 /// Numbers are the shortest text that reads as the same number ("0.1",
 /// "250000", "1e+20", "nan", "inf"), whatever the locale. bool is "true" or
@@ -37,6 +37,15 @@ FENVIS_EXPORT QString toText(QStringList const& value);
 FENVIS_EXPORT QString toText(QList<QColor> const& value);
 FENVIS_EXPORT QString toText(std::vector<double> const& value);
 inline QString toText(QString const& value) { return value; }
+
+/// A value as it reads back from its text, that is what a property answers once it was set.
+template <class T>
+T const& asReadBack(T const& value)
+{
+    return value;
+}
+FENVIS_EXPORT QColor asReadBack(QColor const& color);
+FENVIS_EXPORT QList<QColor> asReadBack(QList<QColor> const& colors);
 
 /// Reads a text; blanks around it do not matter.
 ///

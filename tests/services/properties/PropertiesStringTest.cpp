@@ -53,6 +53,7 @@ TEST(FenPropertiesString, ReadsWhatPeopleWrite)
     EXPECT_EQ(2.5, readAs("2.5 mm", 0.0)) << "a number with its unit";
     EXPECT_EQ(QColor(Qt::red), readAs("red", QColor0));
     EXPECT_EQ(QColor(0x11, 0x22, 0x33), readAs("#123", QColor0));
+    EXPECT_EQ(QColor(0x12, 0x56, 0x9a), readAs("#123456789abc", QColor0)) << "8 bits are kept";
     EXPECT_EQ(Kes::Math::Vector3(1, 2, 3), readAs("1  2 3 kN m", Kes::Math::Vector3()));
     EXPECT_EQ((QStringList{"a", "\u00e9\t"}), readAs(" [ \"a\" , \"\\u00E9\\t\" ] ", QStringList0));
     EXPECT_EQ(QStringList0, readAs("", QStringList{"def"}));

@@ -1,5 +1,6 @@
 #include "services/properties/PropertyAdaptor.h"
 #include "services/properties/ModifiedWatcher.h"
+#include "services/properties/SiblingName.h"
 #include "tests/support/LogCapture.h"
 
 #include <gtest/gtest.h>
@@ -46,6 +47,12 @@ TEST(FenPropertyAdaptor, DeclaresOnlyWhatTheStoreLacksAndFollowsIt)
         EXPECT_EQ(value, twin.get());
         group.lock();
     }
+    FenPropertyAdaptor<QList<QColor>> colors(owner, "colors", {QColor::fromHsvF(0.3f, 0.5f, 0.7f)}, {});
+    QList<QColor> const locked = colors.get();
+    group.unlock();
+    group.unlock();
+    colors.set({QColor::fromHsvF(0.3f, 0.5f, 0.7f)});
+    EXPECT_EQ(locked, colors.get()) << "what is set is what the store holds";
 }
 
 TEST(FenPropertyAdaptor, CopiesAndAssignmentsTakeValuesAndUnits)
@@ -84,6 +91,17 @@ TEST(FenPropertyAdaptor, ReadsZeroWhereNothingCanBeRead)
     EXPECT_EQ(1, log.errors().size());
     static_cast<FenProperties&>(node) = FenProperties(group); // knows no key
     EXPECT_EQ(0.0, node.size.get());
+}
+
+TEST(FenPropertyAdaptor, NamesOfSiblingsFollowTheirRename)
+{
+    FenModifiedGroup group;
+    FenProperties node(group);
+    FenPropertyAdaptor<QString> one(node, "one", "a", {}), none(node, "none", "", {});
+    FenPropertyAdaptor<QStringList> list(node, "list", {"b", "a", "c", "a"}, {});
+    EXPECT_TRUE(fen::followRename(one, "a", "z") && fen::followRename(list, "a", "z"));
+    EXPECT_FALSE(fen::followRename(none, "", "z") || fen::followRename(list, "", "z"));
+    EXPECT_EQ("z [\"b\",\"z\",\"c\",\"z\"]", one.getString() + ' ' + none.getString() + list.getString());
 }
 
 TEST(FenPropertyAdaptor, KeepsItsLastValueWhenTheOwnerIsGone)
