@@ -52,6 +52,16 @@ FenChart::FenChart(FenChart const& other)
 
 FenChart::~FenChart() = default;
 
+void FenChart::tellRename(FenProperties const& item, QString const& oldName)
+{
+    FenProperties const* const list = item.parent();
+    auto* const chart = list ? dynamic_cast<FenChart*>(list->parent()) : nullptr;
+    if (chart && !oldName.isEmpty() && oldName != item.name())
+        chart->onItemRename(*list, oldName, item.name());
+}
+
+void FenChart::onItemRename(FenProperties const&, QString const&, QString const&) { }
+
 void FenChart::insertNested(FenProperties& child, QString const& name)
 {
     child.rename(name);

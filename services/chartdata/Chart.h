@@ -31,7 +31,12 @@ public:
     FenPropertyAdaptor<QColor> titleColor;
     FenPropertyAdaptor<QColor> textColor;
 
+    /// Tells the chart that `item`, an axis or variable in one of its lists, was called `oldName`.
+    static void tellRename(FenProperties const& item, QString const& oldName);
+
 protected:
+    /// Called when an item of one of the lists was renamed: what refers to it by name follows.
+    virtual void onItemRename(FenProperties const& list, QString const& oldName, QString const& newName);
     /// Names a by-value member and makes it a child of this object.
     void insertNested(FenProperties& child, QString const& name);
 };

@@ -1,5 +1,7 @@
 #include "services/chartdata/ChartAxis.h"
 
+#include "services/chartdata/Chart.h"
+
 #include <cmath>
 
 FenChartAxis::FenChartAxis(FenModifiedGroup& group)
@@ -33,6 +35,15 @@ FenChartAxis::FenChartAxis(FenChartAxis const& other)
 }
 
 FenChartAxis::~FenChartAxis() = default;
+
+bool FenChartAxis::rename(QString const& name)
+{
+    QString const oldName = this->name();
+    fen::view_ptr<FenChartAxis const> const self(this); // a sibling that is told may delete it
+    if (!FenProperties::rename(name)) return false;
+    if (self) FenChart::tellRename(*this, oldName);
+    return true;
+}
 
 QString const FenChartAxisContinuous::typeString("chart.axis.continuous");
 

@@ -11,6 +11,8 @@
 class FENVIS_EXPORT FenChartAxis : public FenProperties {
 public:
     ~FenChartAxis() override;
+    /// Takes along what refers to the axis by name in its chart.
+    bool rename(QString const& name) override;
     FenChartAxis& operator=(FenChartAxis const&) = default;
     /// A copy of the same class; the caller owns it.
     virtual FenChartAxis* clone() const = 0;

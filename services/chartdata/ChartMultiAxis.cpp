@@ -1,5 +1,7 @@
 #include "services/chartdata/ChartMultiAxis.h"
 
+#include "services/properties/SiblingName.h"
+
 QString const FenChartMultiAxis::typeString("chart.multiAxis");
 
 FenChartMultiAxis::FenChartMultiAxis(FenModifiedGroup& group)
@@ -21,3 +23,8 @@ FenChartMultiAxis::FenChartMultiAxis(FenChartMultiAxis const& other)
 }
 
 FenChartMultiAxis::~FenChartMultiAxis() = default;
+
+void FenChartMultiAxis::onItemRename(FenProperties const&, QString const& oldName, QString const& newName)
+{
+    fen::followRename(firstAxis, oldName, newName);
+}

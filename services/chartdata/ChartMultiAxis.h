@@ -20,4 +20,7 @@ public:
     FenChartVariableList variables;
     FenUnitSystem unitSystem;
     FenPropertyAdaptor<QString> firstAxis; ///< name of the variable whose axis comes first
+
+protected:
+    void onItemRename(FenProperties const& list, QString const& oldName, QString const& newName) override;
 };

@@ -105,6 +105,15 @@ FenChartVariable& FenChartVariable::operator=(FenChartVariable const& other)
 
 FenChartVariable::~FenChartVariable() = default;
 
+bool FenChartVariable::rename(QString const& name)
+{
+    QString const oldName = this->name();
+    fen::view_ptr<FenChartVariable const> const self(this); // a sibling that is told may delete it
+    if (!FenProperties::rename(name)) return false;
+    if (self) FenChart::tellRename(*this, oldName);
+    return true;
+}
+
 void FenChartVariable::setData(Comp comp, std::vector<double> values)
 {
     setColumn(comp, values.empty() ? nullptr : FenChartColumn::make(std::move(values)));

@@ -34,6 +34,8 @@ public:
     FenChartVariable(FenChartVariable const& other);
     FenChartVariable& operator=(FenChartVariable const& other);
     ~FenChartVariable() override;
+    /// Takes along what refers to the variable by name in its chart.
+    bool rename(QString const& name) override;
 
     FenPropertyAdaptor<QString> label; ///< the name is shown when empty, see `shownName`
     FenPropertyAdaptor<bool> visible;

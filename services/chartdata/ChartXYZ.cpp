@@ -1,5 +1,7 @@
 #include "services/chartdata/ChartXYZ.h"
 
+#include "services/properties/SiblingName.h"
+
 using Kes::Math::Vector3;
 
 FenChartXYZ::FenChartXYZ(FenModifiedGroup& group, QString const& type)
@@ -29,6 +31,16 @@ FenChartXYZ::FenChartXYZ(FenChartXYZ const& other)
 }
 
 FenChartXYZ::~FenChartXYZ() = default;
+
+void FenChartXYZ::onItemRename(FenProperties const& list, QString const& oldName, QString const& newName)
+{
+    for (unsigned i = 0; i < variables.size(); ++i) {
+        FenChartVariable& variable = variables[i];
+        if (&list == &xAxes) fen::followRename(variable.xAxis, oldName, newName);
+        if (&list == &yAxes) fen::followRename(variable.yAxis, oldName, newName);
+        if (&list == &zAxes) fen::followRename(variable.zAxis, oldName, newName);
+    }
+}
 
 void FenChartXYZ::insertChildren()
 {

@@ -24,6 +24,8 @@ public:
 protected:
     FenChartXYZ(FenModifiedGroup& group, QString const& type);
     FenChartXYZ(FenChartXYZ const& other);
+    /// The variables of an axis follow it.
+    void onItemRename(FenProperties const& list, QString const& oldName, QString const& newName) override;
 
 private:
     void insertChildren();

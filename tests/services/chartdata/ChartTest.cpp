@@ -66,3 +66,23 @@ TEST(Chart, ChangesBelowReachTheChart)
     EXPECT_FALSE(changes([&] { chart.yAxes.first()->min.set(3); }));
     EXPECT_TRUE(changes([&] { chart.yAxes.setFirst("", ""); }));
 }
+
+TEST(Chart, WhatNamesAnAxisOrAVariableFollowsItsRename)
+{
+    FenModifiedGroup group;
+    FenChart3D chart(group);
+    for (FenChartAxisPair* const pair : {&chart.xAxes, &chart.yAxes, &chart.zAxes})
+        pair->setFirst("a", FenChartAxisContinuous::typeString);
+    FenChartVariable& variable = chart.variables.append("v");
+    for (auto* const axis : {&variable.xAxis, &variable.yAxis, &variable.zAxis}) axis->set("a");
+    FenChartVariable const& plain = chart.variables.append("first axes");
+    chart.xAxes.first()->rename("x");
+    chart.zAxes.setSecond("z", FenChartAxisContinuous::typeString);
+    EXPECT_FALSE(chart.zAxes.first()->rename("z"));
+    EXPECT_EQ("x a a", variable.xAxis.get() + ' ' + variable.yAxis.get() + ' ' + variable.zAxis.get());
+    EXPECT_EQ("", plain.xAxis.get());
+    FenChartMultiAxis axes(group);
+    axes.firstAxis.set(axes.variables.append("v").name());
+    axes.variables[0].rename("w");
+    EXPECT_EQ("w", axes.firstAxis.get());
+}
