@@ -17,6 +17,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <iterator>
 #include <list>
 #include <map>
 #include <optional>
@@ -27,7 +28,8 @@ char const* const standardFamily = "DejaVu Sans";
 constexpr size_t mostGradients = 4096;
 constexpr size_t mostSymbols = 512;
 
-/// Textures by key, a bounded number: the one asked for longest ago goes first.
+/// Textures by key, a bounded number: the one asked for longest ago gives its texture object back, and
+/// goes when the pass is over, as somebody may still refer to it.
 class RecentTextures {
 public:
     explicit RecentTextures(size_t most)
@@ -44,17 +46,14 @@ public:
         }
         if (_entries.size() >= _most) {
             _places.remove(_entries.back().key);
-            _entries.pop_back();
+            _entries.back().texture.release();
+            _retired.splice(_retired.begin(), _entries, std::prev(_entries.end()));
         }
         _entries.push_front({key, make()});
         _places.insert(key, _entries.begin());
         return _entries.front().texture;
     }
-    void clear()
-    {
-        _places.clear();
-        _entries.clear();
-    }
+    void endPass() { _retired.clear(); }
 
 private:
     struct Entry {
@@ -63,6 +62,7 @@ private:
     };
     size_t _most;
     std::list<Entry> _entries;
+    std::list<Entry> _retired;
     QHash<QByteArray, std::list<Entry>::iterator> _places;
 };
 
@@ -147,15 +147,25 @@ struct FenOglCache::Store {
     FenOglTexture missing;
 };
 
+struct FenOglCache::Passes {
+    FenOglCache* cache; ///< null once it is gone
+    unsigned open = 0; ///< scopes
+};
+
 FenOglCache::FenOglCache(FenResource const& resource)
     : _resource(resource)
     , _names(std::make_shared<fen::GlNames>())
     , _glyphs(std::make_unique<fen::GlyphAtlas>())
     , _store(std::make_unique<Store>())
+    , _passes(std::make_shared<Passes>(Passes{this}))
 {
 }
 
-FenOglCache::~FenOglCache() { clear(); }
+FenOglCache::~FenOglCache()
+{
+    clear();
+    _passes->cache = nullptr;
+}
 
 FenOglTexture const& FenOglCache::texture(QString const& name, bool repeat)
 {
@@ -230,7 +240,14 @@ void FenOglCache::contextChanged()
 
 FenOglContextScope::FenOglContextScope(FenOglCache& cache)
     : _scope(std::make_unique<fen::GlNamesScope>(cache._names))
+    , _passes(cache._passes)
 {
+    ++_passes->open;
 }
 
-FenOglContextScope::~FenOglContextScope() = default;
+FenOglContextScope::~FenOglContextScope()
+{
+    if (--_passes->open > 0 || !_passes->cache) return;
+    _passes->cache->_store->gradients.endPass();
+    _passes->cache->_store->symbols.endPass();
+}

@@ -24,9 +24,11 @@ class GlNamesScope;
 /// Textures, gradients and fonts of one OpenGL context.
 ///
 /// Points at the resources, which must outlive it. What it returns stays valid
-/// until the cache is cleared; of gradients the 4096 asked for last are kept.
-/// A display list keeps the textures that it uses. Destroy or clear it while its context is current, or call
-/// `contextChanged` when the context is gone.
+/// until the cache is cleared. Of gradients the 4096 asked for last are kept;
+/// others give their texture object back at once, make it anew where they are
+/// still used, and go when the outermost `FenOglContextScope` ends. A display
+/// list keeps the textures that it uses. Destroy or clear the cache while its
+/// context is current, or call `contextChanged` when the context is gone.
 class FENVIS_EXPORT FenOglCache {
 public:
     explicit FenOglCache(FenResource const& resource);
@@ -77,17 +79,20 @@ public:
 private:
     friend class FenOglContextScope;
     struct Store;
+    struct Passes;
 
     FenResource const& _resource;
     std::shared_ptr<fen::GlNames> _names;
     std::unique_ptr<fen::GlyphAtlas> _glyphs;
     std::unique_ptr<Store> _store;
+    std::shared_ptr<Passes> _passes; // shared with the scopes that are open
     unsigned _generation = 0;
 };
 
 /// Says that the context of `cache` is current until the scope ends: lists and
 /// textures made inside belong to it, and names that were released meanwhile
-/// are deleted now. A host with several contexts opens one around each pass.
+/// are deleted now. A host with several contexts opens one around each pass;
+/// the end of the outermost one is the end of the pass for the cache.
 class FENVIS_EXPORT FenOglContextScope {
 public:
     explicit FenOglContextScope(FenOglCache& cache);
@@ -97,4 +102,5 @@ public:
 
 private:
     std::unique_ptr<fen::GlNamesScope> _scope;
+    std::shared_ptr<FenOglCache::Passes> _passes;
 };

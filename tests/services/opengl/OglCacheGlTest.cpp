@@ -127,6 +127,8 @@ TEST_F(OglCache, KeepsWhatItReturnedAndABoundedNumberOfTextures)
     int const before = countTextures();
     for (int i = 0; i < 6000; ++i) cache->gradient({QColor::fromRgb(QRgb(i + 5000))}, 2, true).set();
     EXPECT_LE(countTextures(), before + 4096);
+    show(first, QRect(0, 0, 20, 300));
+    EXPECT_GT(picture().pixelGl(10, 299).blue(), 250) << "it is still referred to in this pass";
     cache->clear();
     EXPECT_EQ(before, countTextures()) << "cleared, nothing is left behind";
     EXPECT_EQ(13, text->height()) << "texts find their faces anew";
