@@ -28,7 +28,7 @@ FenVisLight& placeholder()
 float within(float value, float least, float most, float fallback)
 {
     if (value >= least && value <= most) return value;
-    fen::warnOnce("A number of a light is out of its range.");
+    fen::warnOnce("A number of a light is out of its range.", "@line 31");
     return value == value ? std::clamp(value, least, most) : fallback;
 }
 

@@ -52,7 +52,7 @@ BoundingBox eyeBox(BoundingBox const& box, Matrix const& modelView)
     if (!box.defined()) return unit;
     BoundingBox const seen = box * modelView;
     if (usable(seen.min()) && usable(seen.max())) return seen;
-    fen::warnOnce("The bounding box of a projection must be finite.");
+    fen::warnOnce("The bounding box of a projection must be finite.", "@line 55");
     return unit;
 }
 

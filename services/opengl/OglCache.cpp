@@ -129,7 +129,7 @@ std::optional<QFont> findFont(QString const& name, FenResource const& resource)
         font.setItalic(family != name && styled.italic());
         return font;
     }
-    fen::warnOnce(QString("Unknown font \"%1\".").arg(name.left(80)));
+    fen::warnOnce(QString("Unknown font \"%1\".").arg(name.left(80)), "@line 145");
     return std::nullopt;
 }
 
@@ -171,7 +171,7 @@ FenOglTexture const& FenOglCache::texture(QString const& name, bool repeat)
 {
     QImage const image = _resource.image(name);
     if (image.isNull()) {
-        if (!name.isEmpty()) fen::warnOnce(QString("Unknown image \"%1\".").arg(name.left(80)));
+        if (!name.isEmpty()) fen::warnOnce(QString("Unknown image \"%1\".").arg(name.left(80)), "@line 177");
         return _store->missing;
     }
     Store::Image& entry = _store->images[{name, repeat}];
@@ -198,7 +198,7 @@ QImage FenOglCache::symbolAtlas(QString const& name) const
 {
     if (_resource.hasImage(name)) return _resource.image(name);
     if (!name.isEmpty() && name != QLatin1String(fen::plotSymbolsName))
-        fen::warnOnce(QString("Unknown image \"%1\".").arg(name.left(80)));
+        fen::warnOnce(QString("Unknown image \"%1\".").arg(name.left(80)), "@line 204");
     return QImage();
 }
 

@@ -34,7 +34,7 @@ struct FenOglDisplayList::Recording {
 void FenOglDisplayList::begin(GLenum mode)
 {
     if (recordedTextures || fen::recordingList()) {
-        fen::warnOnce("A display list cannot be recorded inside another one.");
+        fen::warnOnce("A display list cannot be recorded inside another one.", "@line 37");
         return;
     }
     _recording = std::make_shared<Recording>();

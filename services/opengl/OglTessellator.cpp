@@ -90,7 +90,7 @@ void FenOglTessellator::vertex(Vector3 const& point)
 {
     if (_work->state != Work::InContour) return;
     if (!std::isfinite(point.x()) || !std::isfinite(point.y()) || !std::isfinite(point.z())) {
-        fen::warnOnce("A point of a polygon that is not finite is left out.");
+        fen::warnOnce("A point of a polygon that is not finite is left out.", "@line 93");
         return;
     }
     _work->points.push_back({point.x(), point.y(), point.z()});
@@ -114,7 +114,7 @@ void FenOglTessellator::endPolygon()
     gluTessEndPolygon(_work->tess.get());
     _work->state = Work::Idle;
     if (_work->failed)
-        fen::warnOnce("A polygon could not be cut into triangles.");
+        fen::warnOnce("A polygon could not be cut into triangles.", "@line 117");
     else
         _work->triangles.draw(GL_TRIANGLES);
 }

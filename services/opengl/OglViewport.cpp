@@ -55,14 +55,14 @@ FenOglViewport fen::BoxPlacement::within(FenOglViewport const& parent) const
 {
     double const numbers[] = {x, y, width, height};
     if (!std::all_of(std::begin(numbers), std::end(numbers), [](double n) { return std::isfinite(n); })) {
-        fen::warnOnce("Viewport numbers must be finite.");
+        fen::warnOnce("Viewport numbers must be finite.", "@line 53");
         return FenOglViewport();
     }
     bool const centered = placement == "center";
     bool const right = placement == "bottomRight" || placement == "topRight";
     bool const top = placement == "topLeft" || placement == "topRight";
     if (!centered && !right && !top && placement != "bottomLeft")
-        fen::warnOnce(QString("Unknown viewport placement \"%1\".").arg(placement));
+        fen::warnOnce(QString("Unknown viewport placement \"%1\".").arg(placement), "@line 61");
 
     int const w = extent(width, parent.width());
     int const h = extent(height, parent.height());

@@ -216,7 +216,7 @@ QPainterPath crossPath(int size, double pen, bool turned)
 unsigned knownSymbol(unsigned symbol)
 {
     if (symbol < std::size(shapes)) return symbol;
-    warnOnce("A plot symbol of an unknown number is drawn as a rectangle.");
+    warnOnce("A plot symbol of an unknown number is drawn as a rectangle.", "@line 219");
     return 0;
 }
 

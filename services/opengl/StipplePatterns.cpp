@@ -48,7 +48,7 @@ std::uint16_t lineStippleBits(QString const& pattern)
         uint const bits = pattern.toUInt(&valid, 16);
         if (valid && bits <= solidBits) return std::uint16_t(bits);
     }
-    warnOnce(QString("Unknown line pattern \"%1\".").arg(pattern.left(80)));
+    warnOnce(QString("Unknown line pattern \"%1\".").arg(pattern.left(80)), "@line 51");
     return solidBits;
 }
 
@@ -59,7 +59,8 @@ PolygonStipple polygonStippleBits(QString const& pattern, double ratio)
                      [&](FillPattern const& each) { return pattern == QLatin1String(each.name); });
     PolygonStipple bits{};
     if (known == std::end(fillPatterns)) {
-        if (!pattern.isEmpty()) warnOnce(QString("Unknown fill pattern \"%1\".").arg(pattern.left(80)));
+        if (!pattern.isEmpty())
+            warnOnce(QString("Unknown fill pattern \"%1\".").arg(pattern.left(80)), "@line 62");
         bits.fill(0xFF);
         return bits;
     }

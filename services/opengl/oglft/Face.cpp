@@ -129,7 +129,7 @@ Face::Face(QFont const& font, fen::GlyphAtlas& glyphs)
     _state->font.setHintingPreference(QFont::PreferFullHinting);
     _state->font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     _state->valid = usable(_state->font);
-    if (!_state->valid) fen::warnOnce("There is no font on this machine: texts are not drawn.");
+    if (!_state->valid) fen::warnOnce("There is no font on this machine: texts are not drawn.", "@line 132");
 }
 
 Face::~Face() = default;

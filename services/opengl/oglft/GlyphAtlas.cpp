@@ -186,7 +186,7 @@ void GlyphBatch::flush()
             drawRuns();
             _atlas.reset();
             if (!_atlas.prepare(*item.text, ratio))
-                warnOnce("A text has more glyphs than fit into a texture; it is drawn in part.");
+                warnOnce("A text has more glyphs than fit into a texture; it is drawn in part.", "@line 176");
         }
         appendQuads(item, ratio);
     }
