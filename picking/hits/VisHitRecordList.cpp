@@ -9,17 +9,6 @@ FenVisHitRecordList::FenVisHitRecordList(std::vector<FenVisHitRecord> const& rec
     insert(records, std::move(handler), source, layer);
 }
 
-void FenVisHitRecordList::insert(std::vector<FenVisHitRecord> const& records,
-                                 boost::weak_ptr<IFenVisEventHandler> handler, FenVisualization const* source,
-                                 int layer)
-{
-    if (records.empty()) return;
-    _records.push_back(records);
-    _handlers.push_back(std::move(handler));
-    _sources.push_back(source);
-    _layers.push_back(layer);
-}
-
 void FenVisHitRecordList::insert(std::vector<FenVisHitRecord> const& records, int layer)
 {
     insert(records, boost::weak_ptr<IFenVisEventHandler>(), nullptr, layer);
@@ -28,8 +17,18 @@ void FenVisHitRecordList::insert(std::vector<FenVisHitRecord> const& records, in
 void FenVisHitRecordList::insert(FenVisHitRecordList const& other)
 {
     unsigned int const n = other.size(); // `other` may be this list
-    for (unsigned int i = 0; i < n; ++i) {
-        insert(std::vector<FenVisHitRecord>(other.records(i)), other.handler(i), other.source(i),
-               other.layer(i));
-    }
+    for (unsigned int i = 0; i < n; ++i)
+        append(std::vector<FenVisHitRecord>(other._records[i]), other._handlers[i],
+               fen::view_ptr<FenVisualization const>(other._sources[i]), other._layers[i]);
+}
+
+void FenVisHitRecordList::append(std::vector<FenVisHitRecord> records,
+                                 boost::weak_ptr<IFenVisEventHandler> handler,
+                                 fen::view_ptr<FenVisualization const> source, int layer)
+{
+    if (records.empty()) return;
+    _records.push_back(std::move(records));
+    _handlers.push_back(std::move(handler));
+    _sources.push_back(std::move(source));
+    _layers.push_back(layer);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../services/logging/Export.h"
+#include "../../services/properties/ViewPtr.h"
 #include "VisHitRecord.h"
 
 #include <boost/weak_ptr.hpp>
@@ -14,8 +15,8 @@ class IFenVisEventHandler;
 /// The hits of one pick: one entry per node that was met, in visiting order.
 ///
 /// An entry holds the node's records (at least one), its handler, the node and
-/// its layer. Sources are plain pointers, valid only while the scene is
-/// unchanged; handlers are weak.
+/// its layer. Handlers are weak, and so are sources: a node that is destroyed,
+/// in the pick or later, is null from then on.
 class FENVIS_EXPORT FenVisHitRecordList {
 public:
     FenVisHitRecordList() = default;
@@ -36,13 +37,16 @@ public:
     unsigned int size() const { return static_cast<unsigned int>(_records.size()); }
     std::vector<FenVisHitRecord> const& records(unsigned int i) const { return _records[i]; }
     boost::weak_ptr<IFenVisEventHandler> handler(unsigned int i) const { return _handlers[i]; }
-    FenVisualization const* source(unsigned int i) const { return _sources[i]; }
+    FenVisualization const* source(unsigned int i) const { return _sources[i].get(); }
     int layer(unsigned int i) const { return _layers[i]; }
 
 private:
+    void append(std::vector<FenVisHitRecord> records, boost::weak_ptr<IFenVisEventHandler> handler,
+                fen::view_ptr<FenVisualization const> source, int layer);
+
     std::vector<std::vector<FenVisHitRecord>> _records;
     std::vector<boost::weak_ptr<IFenVisEventHandler>> _handlers;
-    std::vector<FenVisualization const*> _sources;
+    std::vector<fen::view_ptr<FenVisualization const>> _sources;
     std::vector<int> _layers;
 };
 

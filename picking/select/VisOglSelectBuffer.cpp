@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 
 namespace {
 
@@ -16,6 +15,10 @@ constexpr char const* invalidsText =
     "!hasInvalids && \"performance warning, hits were made when no valid name existed.\"";
 constexpr char const* invalidsMark = "@line230";
 
+constexpr char const* tooManyText = "hits <= mostHits && \"a select buffer holds at most a million hits\"";
+constexpr char const* tooManyMark = "@line72";
+
+constexpr unsigned int mostHits = 1u << 20;
 constexpr std::size_t wordsPerHit = 4; // name count, nearest depth, farthest depth, name
 constexpr double farthestWord = 4294967295.0;
 
@@ -54,9 +57,9 @@ Record::Record(quint32 const* start, quint32 const* end)
 } // namespace
 
 FenVisOglSelectBuffer::FenVisOglSelectBuffer(unsigned int hits)
-    // OpenGL takes the number of words as an int
-    : _buffer(std::min(wordsPerHit * hits, std::size_t(std::numeric_limits<int>::max() - 3)))
+    : _buffer(wordsPerHit * std::min(hits, mostHits))
 {
+    FENVIS_WARN_UNLESS(hits <= mostHits, tooManyText, tooManyMark);
 }
 
 unsigned int FenVisOglSelectBuffer::count() const

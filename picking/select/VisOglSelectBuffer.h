@@ -13,7 +13,7 @@
 /// `FenVisOglSelect` on it is closed.
 class FENVIS_EXPORT FenVisOglSelectBuffer {
 public:
-    /// @param hits  number of hits that fit; further ones are lost with a warning
+    /// @param hits  number of hits that fit, a million (2^20) at most; further ones are lost with a warning
     explicit FenVisOglSelectBuffer(unsigned int hits);
 
     /// Number of hits on something that had a name. Warns once when something

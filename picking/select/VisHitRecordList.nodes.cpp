@@ -1,14 +1,22 @@
+#include "picking/hits/VisHitRecordList.h"
 #include "framework/Visualization.h"
 #include "picking/hits/IVisEventHandler.h"
-#include "picking/hits/VisHitRecordList.h"
 
 #include <QString>
 
 #include <boost/shared_ptr.hpp>
 
 #include <ostream>
+#include <utility>
 
-// Stands here and not beside the list, because it asks the source nodes for their names.
+// What looks into the nodes stands here and not beside the list, which is below them.
+
+void FenVisHitRecordList::insert(std::vector<FenVisHitRecord> const& records,
+                                 boost::weak_ptr<IFenVisEventHandler> handler, FenVisualization const* source,
+                                 int layer)
+{
+    append(records, std::move(handler), source, layer);
+}
 
 std::ostream& operator<<(std::ostream& stream, FenVisHitRecordList const& list)
 {
