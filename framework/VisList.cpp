@@ -5,23 +5,63 @@
 #include "services/logging/Checks.h"
 #include "services/math/BoundingBox.h"
 
+#include <utility>
+#include <vector>
+
 namespace {
+
+constexpr int mostLevels = 64; // of lists in lists
 
 // Fixed line marks of the traces, and a logged text that is kept as it is.
 constexpr char const* constructorMark = " @line 179";
 constexpr char const* destructorMark = " @line 185";
 constexpr char const* wrongTypeText = "c && \"Type is incorrect\"";
+constexpr char const* tooDeepText = "fits && \"lists are nested more than 64 deep\"";
+constexpr char const* tooDeepMark = "@line 141";
 
 // Type of the nodes above this layer that a list looks up among its children.
 constexpr char const* planeType = "visualization.plane";
 constexpr char const* colorMapKey = "colorMap";
 
 /// What a failed look-up refers to: a node that does nothing and belongs to no tree.
-FenVisualization& placeholder()
+FenVisPassiveNode& placeholder()
 {
     // Never destroyed, so that it can be referred to until the very end.
-    static FenVisualization& node = *new FenVisPassiveNode(*new FenModifiedGroup);
+    static FenVisPassiveNode& node = *new FenVisPassiveNode(*new FenModifiedGroup);
     return node;
+}
+
+/// The placeholder as it was at first, whatever was done to it since the last failure.
+FenVisualization& freshPlaceholder()
+{
+    FenVisPassiveNode& node = placeholder();
+    if (node.parent()) node.parent()->remove(&node);
+    while (node.size() > 0) node.erase(node.back());
+    node.rename(QString());
+    node = FenVisPassiveNode(node.group());
+    return node;
+}
+
+/// Levels of lists at and above one.
+int levelsAbove(FenProperties const* list)
+{
+    int levels = 0;
+    for (; dynamic_cast<FenVisList const*>(list); list = list->parent()) ++levels;
+    return levels;
+}
+
+/// Levels of lists from a node downwards; no more than `enough` of them are looked for.
+int levelsBelow(FenProperties const* node, int enough)
+{
+    std::vector<FenProperties const*> level{node};
+    for (int levels = 0;; ++levels) {
+        std::erase_if(level, [](auto const* each) { return !dynamic_cast<FenVisList const*>(each); });
+        if (level.empty() || levels == enough) return levels;
+        std::vector<FenProperties const*> next;
+        for (FenProperties const* const list : level)
+            for (unsigned int i = 0; i < list->size(); ++i) next.push_back(list->at(i));
+        level = std::move(next);
+    }
 }
 
 FenVisualization* asNode(FenProperties* child) { return dynamic_cast<FenVisualization*>(child); }
@@ -69,18 +109,25 @@ bool FenVisList::insert(FenVisualization* node, bool nested)
     return insert(static_cast<FenProperties*>(node), nested);
 }
 
+bool FenVisList::insert(FenProperties* child, bool nested)
+{
+    int const room = mostLevels - levelsAbove(this);
+    bool const fits = levelsBelow(child, room + 1) <= room;
+    return FENVIS_WARN_UNLESS(fits, tooDeepText, tooDeepMark) && FenVisualization::insert(child, nested);
+}
+
 bool FenVisList::insert(std::nullptr_t, bool) { return false; }
 
 FenVisualization& FenVisList::child(QString const& name, QString const& type)
 {
     FenVisualization* const c = asNode(FenVisualization::child(name, type));
-    return FENVIS_ENSURE(c, wrongTypeText) ? *c : placeholder();
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : freshPlaceholder();
 }
 
 FenVisualization const& FenVisList::child(QString const& name, QString const& type) const
 {
     FenVisualization const* const c = asNode(FenVisualization::child(name, type));
-    return FENVIS_ENSURE(c, wrongTypeText) ? *c : placeholder();
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : freshPlaceholder();
 }
 
 FenVisualization* FenVisList::at(unsigned int i) { return asNode(FenVisualization::at(i)); }

@@ -28,15 +28,17 @@ public:
     FenVisList& operator=(FenVisList const& other) = default;
     ~FenVisList() override;
 
-    using FenVisualization::insert;
-    /// Names an unnamed node, then inserts it as the tree does.
+    /// As the tree does; but lists lie in each other 64 deep at most, since passes recurse: false, and
+    /// logged, below that.
+    bool insert(FenProperties* child, bool nested) override;
+    /// Names an unnamed node, then inserts it.
     /// @return false for null and where the tree refuses
     bool insert(FenVisualization* node, bool nested);
     bool insert(std::nullptr_t, bool nested);
 
     /// The child of that name, made when absent. When there is none and none can
     /// be made, the failure is logged and a placeholder returned that belongs to
-    /// no tree: nobody may use it.
+    /// no tree: nobody may use it, and what is set on it is gone at the next failure.
     FenVisualization& child(QString const& name, QString const& type);
     /// The same without making one.
     FenVisualization const& child(QString const& name, QString const& type) const;
@@ -89,11 +91,12 @@ private:
     };
 
     QStringList const& namesOf(NameCache& cache, bool (*listed)(FenVisualization const*)) const;
+    typedef fen::view_ptr<FenVisualization> Child;
     template <class Context, class Visit>
     void forEachVisited(Context const& context, Space space, Visit const& visit) const;
 
     mutable NameCache _colorMapNames;
     mutable NameCache _planeNames;
     QString _defaultChildName;
-    std::vector<fen::view_ptr<FenVisualization>> _order; // enabled, ascending layer
+    std::vector<Child> _order; // enabled, ascending layer
 };

@@ -89,24 +89,29 @@ bool mayPick()
 } // namespace
 
 /// Calls visit(child, context) for the children that take part in a pass, in
-/// visiting order, each in the parent's context or in one of its own.
+/// visiting order, each in the parent's context or in one of its own. A visit may
+/// destroy any node, also this one: nothing of a node is looked at before it is
+/// known to live, and the derived contexts restore OpenGL without it.
 template <class Context, class Visit>
 void FenVisList::forEachVisited(Context const& context, Space space, Visit const& visit) const
 {
     typedef typename Derived<Context>::Type Own;
-    auto const visitOwn = [&](FenVisualization& child, Own const& own) {
-        if (own.viewport.valid() && reaches(own)) visit(child, static_cast<Context const&>(own));
+    auto const visitOwn = [&](Child const& child, Own const& own) {
+        if (child && own.viewport.valid() && reaches(own)) visit(child, static_cast<Context const&>(own));
     };
-    for (std::size_t i = 0; i < _order.size(); ++i) {
-        FenVisualization* const child = _order[i].get();
+    fen::view_ptr<FenVisList const> const self(this);
+    for (std::size_t i = 0; self && i < _order.size(); ++i) {
+        Child const child = _order[i];
         if (!child || !takesPart(*child, context)) continue;
         FenOglViewport own;
-        if (!child->getViewport(context.viewport, own)) {
-            if (reaches(context)) visit(*child, context);
+        bool const hasOwn = child->getViewport(context.viewport, own);
+        if (!child) continue;
+        if (!hasOwn) {
+            if (reaches(context)) visit(child, context);
         } else if (space == Solid) {
-            visitOwn(*child, Own(context, own, child->boundingBox()));
+            visitOwn(child, Own(context, own, child->boundingBox()));
         } else {
-            visitOwn(*child, Own(context, own));
+            visitOwn(child, Own(context, own));
         }
     }
 }
@@ -116,7 +121,8 @@ bool FenVisList::getViewport(FenOglViewport const&, FenOglViewport&) const { ret
 void FenVisList::update(DrawContext const& context)
 {
     FENVIS_TRACE(updateMark);
-    typedef std::pair<int, fen::view_ptr<FenVisualization>> Visit;
+    typedef std::pair<int, Child> Visit;
+    fen::view_ptr<FenVisList> const self(this);
     _order.clear();
     std::vector<Visit> work;
     for (unsigned int i = 0; i < size(); ++i) {
@@ -125,35 +131,34 @@ void FenVisList::update(DrawContext const& context)
     }
     std::stable_sort(work.begin(), work.end(),
                      [](Visit const& a, Visit const& b) { return a.first < b.first; });
-    std::vector<fen::view_ptr<FenVisualization>> order;
+    std::vector<Child> order;
     order.reserve(work.size());
     for (Visit const& visit : work) {
-        fen::view_ptr<FenVisualization> const& child = visit.second;
+        Child const& child = visit.second;
         if (child && child->watcher().modified()) {
             child->update(context);
             if (child) child->watcher().reset();
         }
         order.push_back(child);
     }
-    _order = std::move(order);
+    if (self) _order = std::move(order);
 }
 
 void FenVisList::resize(DrawContext const& context)
 {
-    forEachVisited(context, Flat, [](FenVisualization& child, DrawContext const& own) { child.resize(own); });
+    forEachVisited(context, Flat, [](Child const& child, DrawContext const& own) { child->resize(own); });
 }
 
 void FenVisList::draw3d(DrawContext const& context) const
 {
-    forEachVisited(context, Solid,
-                   [](FenVisualization const& child, DrawContext const& own) { child.draw3d(own); });
+    forEachVisited(context, Solid, [](Child const& child, DrawContext const& own) { child->draw3d(own); });
 }
 
 void FenVisList::draw2d(DrawContext const& context) const
 {
-    forEachVisited(context, Flat, [&](FenVisualization const& child, DrawContext const& own) {
-        child.draw2d(own);
-        if (own.viewport != context.viewport) decorate(child, own.viewport);
+    forEachVisited(context, Flat, [&](Child const& child, DrawContext const& own) {
+        child->draw2d(own);
+        if (child && own.viewport != context.viewport) decorate(*child, own.viewport);
     });
 }
 
@@ -161,9 +166,8 @@ FenVisHitRecordList FenVisList::select3d(SelectContext const& context) const
 {
     FenVisHitRecordList hits;
     if (!mayPick()) return hits;
-    forEachVisited(context, Solid, [&](FenVisualization const& child, SelectContext const& own) {
-        hits.insert(child.select3d(own));
-    });
+    forEachVisited(context, Solid,
+                   [&](Child const& child, SelectContext const& own) { hits.insert(child->select3d(own)); });
     return hits;
 }
 
@@ -171,8 +175,7 @@ FenVisHitRecordList FenVisList::select2d(SelectContext const& context) const
 {
     FenVisHitRecordList hits;
     if (!mayPick()) return hits;
-    forEachVisited(context, Flat, [&](FenVisualization const& child, SelectContext const& own) {
-        hits.insert(child.select2d(own));
-    });
+    forEachVisited(context, Flat,
+                   [&](Child const& child, SelectContext const& own) { hits.insert(child->select2d(own)); });
     return hits;
 }

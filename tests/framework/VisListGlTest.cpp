@@ -1,7 +1,7 @@
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/VertexArrays.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/OffscreenGlTest.h"
+#include "tests/support/RecordingNode.h"
 
 namespace {
 

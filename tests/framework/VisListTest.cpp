@@ -1,10 +1,11 @@
 #include "axes/VisColorMap.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/RecordingNode.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <functional>
 #include <memory>
 #include <tuple>
 
@@ -32,17 +33,18 @@ struct VisList : testing::Test {
         auto select = passes.select(point);
         auto draw = passes.draw();
         draw.flags = select.flags = flags;
-        list->resize(draw);
-        list->draw2d(draw);
-        list->draw3d(draw);
-        list->select2d(select);
-        list->select3d(select);
+        std::function<void()> const all[] = {
+            [&] { list->resize(draw); }, [&] { list->draw2d(draw); }, [&] { list->draw3d(draw); },
+            [&] { hits = list->select2d(select); }, [&] { list->select3d(select); }};
+        for (auto const& pass : all)
+            if (list) pass();
         return log;
     }
 
     FenModifiedGroup group;
     Passes passes;
     QStringList log;
+    FenVisHitRecordList hits; ///< of the last select2d
     std::unique_ptr<FenVisList> list = std::make_unique<FenVisList>(group, "node");
 };
 
@@ -61,7 +63,10 @@ TEST_F(VisList, NamesUnnamedNodesAndGivesOnlyNodes)
     LogCapture errors;
     FenVisualization& failed = list->child("%1", "visualization.light");
     EXPECT_FALSE(list->insert(&failed, false)); // it belongs to no tree
+    failed.layer.set(7);
+    failed.child("below", {});
     EXPECT_EQ(&failed, &std::as_const(*list).child("b", ""));
+    EXPECT_EQ(0u, failed.size() + unsigned(failed.layer.get())) << "it comes back fresh";
     EXPECT_EQ(&failed, &list->child("plain", ""));
     ASSERT_EQ(4, errors.errors().size());
     EXPECT_EQ("Failed to create visualization object %1 of type visualization.light", errors.take()[0]);
@@ -103,27 +108,60 @@ TEST_F(VisList, SkipsWhatIsDisabledNotSelectableNoThumbnailOrNotUnderThePoint)
         EXPECT_EQ(3, visits(0, outside).size());
 }
 
-TEST_F(VisList, SkipsDestroyedChildrenAndKeepsRemovedOnesUntilTheNextUpdate)
+TEST_F(VisList, KeepsRemovedChildrenUntilTheNextUpdateAndACopyThoseOfItsSource)
 {
     RecordingNode& removed = add("removed");
-    RecordingNode* gone = &add("gone", 1);
     update();
     list->remove(&removed);
     std::unique_ptr<RecordingNode> const owner(&removed);
-    removed.inside = [&](FenVisualization::DrawContext const&) {
-        if (gone) list->erase(std::exchange(gone, nullptr));
-    };
-    EXPECT_EQ(5, visits().filter("removed").size());
-    EXPECT_TRUE(log.filter("gone").isEmpty());
-    gone = &add("gone", 1);
-    list->insert(&removed, true);
-    removed.modify();
-    EXPECT_EQ(QStringList("removed.update"), update()); // which destroys the other
-
+    EXPECT_EQ(5, visits().size());
     auto const source = std::exchange(list, std::make_unique<FenVisList>(*list));
-    EXPECT_EQ(5, visits().size()) << "a copy visits the children of its source until its own update";
+    EXPECT_EQ(5, visits().size());
     update();
     EXPECT_TRUE(visits().isEmpty());
+}
+
+TEST_F(VisList, EveryPassSurvivesThatANodeDestroysItselfAnotherOrTheList)
+{
+    QStringList const all = {".update", ".resize", ".draw2d", ".draw3d", ".select2d", ".select3d"};
+    for (int pass = 0; pass < all.size(); ++pass) {
+        for (QString const victim : {"first", "second", "list"}) {
+            SCOPED_TRACE((all[pass] + ' ' + victim).toStdString());
+            list = std::make_unique<FenVisList>(group, "node");
+            RecordingNode& first = add("first");
+            first.own = FenOglViewport(100, 100, 200, 100);
+            add("second", 1);
+            first.inside = [this, pass = all[pass], victim](FenVisualization::DrawContext const&) {
+                if (log.last() != "first" + pass) return;
+                if (victim == "list") list.reset();
+                if (list) list->erase(list->at(victim));
+            };
+            QStringList seen = update();
+            seen += visits();
+            EXPECT_EQ(victim == "second" ? 6 : pass + 1, seen.filter("first").size());
+            EXPECT_EQ(victim == "first" ? 6 : pass, seen.filter("second").size());
+            if (all[pass] != ".select2d" || victim == "list") continue;
+            EXPECT_EQ(victim == "first" ? nullptr : &first, hits.source(0)) << "of a hit";
+        }
+    }
+}
+
+TEST_F(VisList, ListsLieInEachOtherNoDeeperThanPassesMayRecurse)
+{
+    LogCapture errors;
+    FenVisList* deepest = list.get();
+    for (int level = 2; level <= 64; ++level) {
+        auto* const below = new FenVisList(group, "node");
+        below->enabled.set(true);
+        ASSERT_TRUE(deepest->insert(below, false));
+        deepest = below;
+    }
+    FenVisList more(group, "node");
+    EXPECT_FALSE(deepest->insert(&more, true));
+    EXPECT_FALSE(more.insert(list.get(), true)) << "from the bottom up";
+    EXPECT_EQ(2, errors.take().filter("WARNING: fits && ").size());
+    EXPECT_TRUE(deepest->insert(new RecordingNode(group, "leaf", &log), false));
+    EXPECT_EQ(QStringList("leaf.update"), update());
 }
 
 TEST_F(VisList, ListsColourMapsAndPlanesAndTellsWhetherAnEnabledPairBelongsTogether)

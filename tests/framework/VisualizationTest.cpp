@@ -1,6 +1,6 @@
 #include "framework/IVisPropertyEdit.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/RecordingNode.h"
 
 #include <gtest/gtest.h>
 

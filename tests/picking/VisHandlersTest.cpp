@@ -2,7 +2,7 @@
 #include "picking/select/VisDebugEventHandler.h"
 #include "picking/select/VisHoverHandler.h"
 #include "services/logging/DebugLogger.h"
-#include "tests/framework/RecordingNode.h"
+#include "tests/support/RecordingNode.h"
 
 #include <boost/make_shared.hpp>
 

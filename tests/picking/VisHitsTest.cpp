@@ -2,8 +2,8 @@
 #include "picking/hits/VisHitProjectedPointQualifier.h"
 #include "picking/hits/VisHitQualifiers.h"
 #include "picking/hits/VisHitRecordQuery.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/RecordingNode.h"
 
 #include <boost/make_shared.hpp>
 

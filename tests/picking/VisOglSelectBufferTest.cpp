@@ -1,7 +1,7 @@
 #include "picking/select/VisOglSelectBuffer.h"
 #include "picking/select/VisOglSelect.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/RecordingNode.h"
 
 #include <gtest/gtest.h>
 
@@ -25,6 +25,8 @@ constexpr char const* performance =
     "WARNING: !hasInvalids && \"performance warning, hits were made when no valid name existed.\" - ";
 constexpr char const* extraName = "WARNING: _count <= 1 && \"We have inadvertently pushed an additional "
                                   "name to the selection name stack\" - ";
+
+constexpr char const* tooLarge = "WARNING: hits <= mostHits && ";
 
 QString describe(std::vector<FenVisHitRecord> const& records)
 {
@@ -57,6 +59,7 @@ TEST(VisOglSelectBuffer, ReadsCompleteNamedRecordsOnly)
         {"unnamed", 3, 3, {1, 0, 0, none, 1, 0, 0, 4, 1, 0, 0, none}, "4@0 ", {performance}},
         {"only unnamed", 1, 1, {1, 0, 0, none}, "", {performance}},
         {"no memory", 0, 1, {}, "", {}},
+        {"absurd size", 0xFFFFFFFF, 1, {1, 0, 0, 7}, "7@0 ", {tooLarge}},
     };
     for (Row const& row : rows) {
         LogCapture log;
@@ -66,7 +69,10 @@ TEST(VisOglSelectBuffer, ReadsCompleteNamedRecordsOnly)
         ASSERT_EQ(row.warnings.size(), lines.size()) << row.what;
         for (int i = 0; i < lines.size(); ++i) {
             EXPECT_TRUE(lines[i].startsWith(row.warnings[i])) << row.what;
-            EXPECT_TRUE(lines[i].endsWith(row.warnings[i] == performance ? " @line230" : " @line38"));
+            char const* const mark = row.warnings[i] == performance ? " @line230"
+                : row.warnings[i] == tooLarge                       ? " @line72"
+                                                                    : " @line38";
+            EXPECT_TRUE(lines[i].endsWith(mark)) << row.what;
         }
     }
 }

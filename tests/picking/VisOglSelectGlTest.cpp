@@ -4,8 +4,8 @@
 #include "picking/select/VisPickScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/VertexArrays.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/OffscreenGlTest.h"
+#include "tests/support/RecordingNode.h"
 
 #include <boost/make_shared.hpp>
 

@@ -7,10 +7,13 @@
 #include "services/opengl/OglText.h"
 #include "services/opengl/Resource.h"
 
+#include <cstring>
 #include <functional>
+#include <new>
 #include <optional>
 
-/// Node that writes down which of its passes ran, and draws or hits what a test tells it to.
+/// Node that writes down which of its passes ran, and does in them what a test tells it to; it may be
+/// destroyed in any of them, and fails loudly when it is used afterwards.
 class RecordingNode : public FenVisualization {
 public:
     explicit RecordingNode(FenModifiedGroup& group, QString const& name = {}, QStringList* passes = nullptr)
@@ -20,6 +23,12 @@ public:
         rename(name);
         enabled.set(true);
         selectable.set(true);
+    }
+    static void* operator new(std::size_t size) { return ::operator new(size); }
+    static void operator delete(void* place, std::size_t size)
+    {
+        std::memset(place, 0xDD, size);
+        ::operator delete(place);
     }
 
     bool getViewport(FenOglViewport const&, FenOglViewport& result) const override
@@ -37,20 +46,21 @@ public:
 
     std::optional<FenOglViewport> own; ///< its own viewport
     Kes::Math::BoundingBox box;
-    std::function<void(DrawContext const&)> inside; ///< called by every pass
+    std::function<void(DrawContext const&)> inside; ///< called by every pass, last of all
     mutable QPoint picked; ///< pick point of the last select pass
 
 private:
     void record(char const* pass, DrawContext const& context) const
     {
         if (_passes) _passes->append(name() + '.' + pass);
-        if (inside) inside(context);
+        if (auto const call = inside) call(context);
     }
     FenVisHitRecordList pick(char const* pass, SelectContext const& context) const
     {
         picked = context.point;
+        FenVisHitRecordList const hits({FenVisHitRecord::catchall()}, {}, this, layer.get());
         record(pass, context);
-        return FenVisHitRecordList({FenVisHitRecord::catchall()}, {}, this, layer.get());
+        return hits;
     }
 
     QStringList* _passes;
