@@ -1,11 +1,13 @@
 #include "charts/chart2d/VisChart2D.h"
 
-#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/DrawnVariable.h"
 #include "charts/chart2d/VisChart2D.handler.h"
 #include "framework/DrawContext.h"
+#include "services/chartdata/FloatRange.h"
 
 #include <boost/make_shared.hpp>
 
+using Kes::Math::Vector2;
 using Kes::Math::Vector3;
 
 QString const FenVisChart2D::typeString = QStringLiteral("visualization.chart.2d");
@@ -34,12 +36,9 @@ FenVisChart2D::FenVisChart2D(FenVisChart2D const& other)
     , _bounds(other._bounds)
     , _scaling(other._scaling)
     , _offset(other._offset)
-    , _variableCache(other._variableCache)
     , _xScale(other._xScale)
     , _yScale(other._yScale)
-    , _perVariableScaling(other._perVariableScaling)
-    , _validVariables(other._validVariables)
-    , _pictures(other._pictures)
+    , _variables(other._variables)
     , _handler(other._handler)
 {
     rename(typeString);
@@ -48,13 +47,21 @@ FenVisChart2D::FenVisChart2D(FenVisChart2D const& other)
     insert(&chart, true);
 }
 
+FenVisChart2D& FenVisChart2D::operator=(FenVisChart2D const& other) = default;
+
 FenVisChart2D::~FenVisChart2D() = default;
 
 FenOglViewport FenVisChart2D::getDataViewport() const { return _dataViewport; }
 
 Kes::Math::BoundingBox FenVisChart2D::boundingBox() const { return _bounds; }
 
-FenChartValidVariableList FenVisChart2D::validVariables() const { return _validVariables; }
+FenChartValidVariableList FenVisChart2D::validVariables() const
+{
+    FenChartValidVariableList valid;
+    for (fen::DrawnVariable const& one : _variables)
+        if (one.valid()) valid.push_back(one.cache);
+    return valid;
+}
 
 FenChart* FenVisChart2D::content() { return &chart; }
 
@@ -78,24 +85,29 @@ FenChartAxisPairScale const* FenVisChart2D::flatScales(Vector3::Comp direction) 
     return direction == Vector3::CompX ? &_xScale : &_yScale;
 }
 
-bool FenVisChart2D::colorRange(FenChartVariable const& variable, Kes::Math::Vector2& range) const
+fen::DrawnVariable const* FenVisChart2D::find(FenChartVariable const& variable) const
 {
-    for (unsigned i = 0; i < _perVariableScaling.size(); ++i) {
-        if (&_perVariableScaling.variable(i).variable() != &variable) continue;
-        gradientExtents(i, range);
-        return true;
-    }
-    return false;
+    for (fen::DrawnVariable const& one : _variables)
+        if (one.cache.alive() && &one.variable() == &variable) return &one;
+    return nullptr;
+}
+
+bool FenVisChart2D::colorRange(FenChartVariable const& variable, Vector2& range) const
+{
+    fen::DrawnVariable const* const one = find(variable);
+    if (!one || !one->valid()) return false;
+    range = Vector2(fen::toFloat(one->range.min), fen::toFloat(one->range.max));
+    return true;
 }
 
 Kes::Math::Vector3 FenVisChart2D::offset() const { return _offset; }
 
 Kes::Math::Vector3 FenVisChart2D::scaling() const { return _scaling; }
 
-void FenVisChart2D::gradientExtents(unsigned i, Kes::Math::Vector2& range) const
+void FenVisChart2D::gradientExtents(unsigned i, Vector2& range) const
 {
-    double base = 0;
-    _perVariableScaling.gradientExtents(i, Kes::Math::Vector3::CompY, range, base);
+    FenChartRange const exact = i < _variables.size() ? _variables[i].range : FenChartRange{0.0, 0.0};
+    range = Vector2(fen::toFloat(exact.min), fen::toFloat(exact.max));
 }
 
 void FenVisChart2D::draw2d(DrawContext const& context) const

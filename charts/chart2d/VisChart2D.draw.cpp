@@ -1,5 +1,5 @@
 #include "charts/chart2d/VisChart2D.h"
-#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/DrawnVariable.h"
 #include "charts/chart2d/VisChart2D.handler.h"
 #include "charts/chart2d/VisChart2D.parts.h"
 #include "framework/DrawContext.h"
@@ -9,6 +9,8 @@
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglText.h"
 #include "services/opengl/PixelRatio.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -47,7 +49,6 @@ void FenVisChart2D::drawSelect2d(DrawContext const& context, QPoint const& mouse
     context.text.clear();
     context.text.setColor(chart.textColor.get());
     _axes.Draw(context.text, *this, _xScale, _yScale, _dataViewport, select, _handler->hovered());
-    if (!_pictures) return;
 
     fen::FlatScope const flat;
     fen::scissor(context.viewport.x() + _dataViewport.x() + 1, context.viewport.y() + _dataViewport.y() + 1,
@@ -56,14 +57,14 @@ void FenVisChart2D::drawSelect2d(DrawContext const& context, QPoint const& mouse
     if (picking) clipTo(_dataViewport);
     Pass const pass{context, select, mouse, picking ? pickArea(context, _dataViewport) : QRectF()};
     if (picking && pass.area.isEmpty()) return;
-    for (unsigned i = unsigned(_pictures->variables.size()); i-- > 0;)
-        if (_perVariableScaling.valid(i) && _pictures->variables[i].drawn) drawVariable(pass, i);
+    for (std::size_t i = _variables.size(); i-- > 0;)
+        if (_variables[i].valid() && _variables[i].picture) drawVariable(pass, _variables[i]);
     context.text.clear();
 }
 
-void FenVisChart2D::drawVariable(Pass const& pass, unsigned index) const
+void FenVisChart2D::drawVariable(Pass const& pass, fen::DrawnVariable const& one) const
 {
-    Highlight const highlight = highlightOf(index, bool(pass.select));
+    Highlight const highlight = highlightOf(one.variable(), bool(pass.select));
     {
         fen::MatrixScope const matrix(GL_MODELVIEW);
         FenOglViewport const& own = pass.context.viewport;
@@ -74,19 +75,18 @@ void FenVisChart2D::drawVariable(Pass const& pass, unsigned index) const
         glScalef(2 / width, 2 / height, 1);
         // A point on the border of two pixels belongs to the upper right one, as symbols do.
         glTranslatef(1.0f / 32, 1.0f / 32, 0);
-        drawCurve(pass, index, highlight);
+        drawCurve(pass, one, highlight);
     }
     fen::MatrixScope const matrix(GL_MODELVIEW);
     glTranslatef(float(_dataViewport.x()), float(_dataViewport.y()), 0);
     pass.context.text.clear();
-    drawSymbol(pass, index, highlight);
-    if (!pass.select) drawLabel(pass, index);
+    drawSymbol(pass, one, highlight);
+    if (!pass.select) fen::drawLabels(one.picture->labels, one.picture->style.labelColor, pass.context.text);
 }
 
-FenVisChart2D::Highlight FenVisChart2D::highlightOf(unsigned index, bool picking) const
+FenVisChart2D::Highlight FenVisChart2D::highlightOf(FenChartVariable const& variable, bool picking) const
 {
     FenVisHitProperty const& hovered = _handler->hovered();
-    FenChartVariable const& variable = _perVariableScaling.variable(index).variable();
     if (picking || !hovered.isPropertyEqual(&variable)) return {};
     auto const* const point = dynamic_cast<FenVisHitDataPointQualifier const*>(hovered.qualifier.get());
     if (!point) return {true, -1};
@@ -114,4 +114,9 @@ FenVisHitRecordList FenVisChart2D::select3d(SelectContext const& context) const
 }
 
 /// Hits that the buffer of a pick has room for.
-unsigned FenVisChart2D::hitRoom() const { return (_validVariables.size() + 1) * 10; }
+unsigned FenVisChart2D::hitRoom() const
+{
+    auto const valid = std::count_if(_variables.begin(), _variables.end(),
+                                     [](fen::DrawnVariable const& one) { return one.valid(); });
+    return (unsigned(valid) + 1) * 10;
+}

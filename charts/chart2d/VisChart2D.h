@@ -4,9 +4,7 @@
 #include "../../picking/select/VisOglSelect.h"
 #include "../../services/chartdata/Chart2D.h"
 #include "../../services/chartdata/ChartAxisPairScale.h"
-#include "../../services/chartdata/ChartPerVariableScaling.h"
 #include "../../services/chartdata/ChartValidVariableList.h"
-#include "../../services/chartdata/ChartVariableListCache.h"
 #include "../../services/math/BoundingBox.h"
 #include "../../services/math/Vector2.h"
 #include "../../services/math/Vector3.h"
@@ -17,23 +15,22 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
+class FenChartVariableListCache;
 namespace fen {
-struct ChartPictures;
-struct VariablePicture;
+struct DrawnVariable;
 } // namespace fen
 
 /// Two-dimensional chart: lines, splines, steps, bars and symbols of any number
 /// of variables inside up to four axes.
 ///
 /// Owns its content (child "chart"), its axes and the handler that shows
-/// tooltips and remembers what is highlighted. The caches of data are values,
-/// rebuilt whole by `update`; what depends on pixels (tick positions, data
-/// rectangle, reduced curves) is rebuilt whole by `resize`. Drawing and picking
-/// only read them. An update empties the data rectangle, so that nothing is
-/// drawn before the next resize.
+/// tooltips and remembers what is highlighted. There is one record per variable
+/// that is to be drawn: `update` makes them anew from the data, `resize` gives
+/// them what depends on pixels (reduced curves, labels) and finds the data
+/// rectangle and the ticks. Drawing and picking only read. An update empties the data rectangle, so that
+/// nothing is drawn before the next resize.
 class FENVIS_EXPORT FenVisChart2D : public FenVisChart {
 public:
     static QString const typeString;
@@ -44,7 +41,7 @@ public:
 
     explicit FenVisChart2D(FenModifiedGroup& group);
     FenVisChart2D(FenVisChart2D const& other);
-    FenVisChart2D& operator=(FenVisChart2D const& other) = default;
+    FenVisChart2D& operator=(FenVisChart2D const& other);
     ~FenVisChart2D() override;
 
     /// [px] rectangle of the data, relative to the node; empty between update and resize.
@@ -67,7 +64,7 @@ public:
     Kes::Math::Vector3 offset() const;
     Kes::Math::Vector3 scaling() const;
     /// Range of values that a gradient of variable `i` spans.
-    /// @param i      index of a cached variable
+    /// @param i      index of a variable that is visible, whether or not it is valid
     /// @param range  [data] set to (minimum, maximum)
     void gradientExtents(unsigned i, Kes::Math::Vector2& range) const;
     /// The scales that are shown, with their exact ranges.
@@ -81,34 +78,30 @@ private:
     struct Highlight; // what of a variable is highlighted
 
     void clearCaches();
-    bool updateView3d(DrawContext const& context);
+    bool updateView3d(DrawContext const& context, FenChartVariableListCache const& variables);
     void updateScales(unsigned divisions, DrawContext const& context);
     void writeRanges(DrawContext const& context);
 
     void drawSelect2d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
     void drawSelect3d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
     unsigned hitRoom() const;
-    Highlight highlightOf(unsigned index, bool picking) const;
+    fen::DrawnVariable const* find(FenChartVariable const& variable) const;
+    Highlight highlightOf(FenChartVariable const& variable, bool picking) const;
 
-    // Variable `index` of the pictures: VisChart2D.variables.cpp
-    void drawVariable(Pass const& pass, unsigned index) const;
-    void drawCurve(Pass const& pass, unsigned index, Highlight const& highlight) const;
-    void drawLineExtensions(unsigned index) const;
-    void drawSymbol(Pass const& pass, unsigned index, Highlight const& highlight) const;
-    void nameSymbols(Pass const& pass, unsigned index) const;
-    void drawLabel(Pass const& pass, unsigned index) const;
+    // One variable that has a picture: VisChart2D.variables.cpp
+    void drawVariable(Pass const& pass, fen::DrawnVariable const& one) const;
+    void drawCurve(Pass const& pass, fen::DrawnVariable const& one, Highlight const& highlight) const;
+    void drawSymbol(Pass const& pass, fen::DrawnVariable const& one, Highlight const& highlight) const;
+    void nameSymbols(Pass const& pass, fen::DrawnVariable const& one) const;
 
     FenVisAxesXY _axes;
     FenOglViewport _dataViewport; // [px] relative to the node
     Kes::Math::BoundingBox _bounds; // [scene] 3D view only
     Kes::Math::Vector3 _scaling;
     Kes::Math::Vector3 _offset;
-    FenChartVariableListCache _variableCache;
     FenChartAxisPairScale _xScale;
     FenChartAxisPairScale _yScale;
-    FenChartPerVariableScaling _perVariableScaling;
-    FenChartValidVariableList _validVariables;
-    std::shared_ptr<fen::ChartPictures const> _pictures; // what resize prepared; null before
+    std::vector<fen::DrawnVariable> _variables; // in the order of the list
     boost::shared_ptr<HitDetectEventHandler> _handler;
 
     friend class HitDetectEventHandler;

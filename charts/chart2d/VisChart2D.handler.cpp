@@ -1,7 +1,7 @@
 #include "charts/chart2d/VisChart2D.handler.h"
 
-#include "charts/chart2d/PointText.h"
-#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/DrawnVariable.h"
+#include "charts/style/PointText.h"
 #include "picking/hits/VisHitProjectedPointQualifier.h"
 #include "picking/hits/VisHitQualifiers.h"
 #include "services/chartdata/ChartAxis.h"
@@ -38,34 +38,33 @@ bool FenVisChart2D::HitDetectEventHandler::describeVariable(FenVisChart2D const&
                                                             QString& text) const
 {
     auto const& variable = static_cast<FenChartVariable const&>(*property.property);
-    FenChartPerVariableScaling const& scaling = chart._perVariableScaling;
-    unsigned index = 0;
-    while (index < scaling.size() && &scaling.variable(index).variable() != &variable) ++index;
+    fen::DrawnVariable const* const one = chart.find(variable);
     text = variable.name();
-    if (index == scaling.size()) return true;
+    if (!one) return true;
     if (auto const* place = dynamic_cast<FenVisHitProjectedPointQualifier const*>(property.qualifier.get())) {
-        property = toDataPoint(chart, index, *place, property);
+        property = toDataPoint(chart, *one, *place, property);
         chart.hitProperties().insert(hit.context(), property);
     }
     if (auto const* point = dynamic_cast<FenVisHitDataPointQualifier const*>(property.qualifier.get()))
-        text = fen::pointText(builder, variable, point->inner.get(), chart._xScale, chart._yScale);
+        text = fen::pointText(builder, variable, point->inner.get(), chart._xScale.find(variable.xAxis.get()),
+                              chart._yScale.find(variable.yAxis.get()));
     return true;
 }
 
 FenVisHitProperty
-FenVisChart2D::HitDetectEventHandler::toDataPoint(FenVisChart2D const& chart, unsigned index,
+FenVisChart2D::HitDetectEventHandler::toDataPoint(FenVisChart2D const& chart, fen::DrawnVariable const& one,
                                                   FenVisHitProjectedPointQualifier const& place,
                                                   FenVisHitProperty const& property) const
 {
-    if (!chart._pictures || index >= chart._pictures->variables.size()) return property;
-    fen::VariablePicture const& picture = chart._pictures->variables[index];
+    if (!one.picture) return property;
+    fen::VariablePicture const& picture = *one.picture;
     QPointF const at = QPointF(place.point - chart._dataViewport.origin()) + QPointF(0.5, 0.5);
     std::size_t point = picture.data.count;
-    for (fen::Bar const& bar : picture.bars)
+    for (fen::Bar const& bar : picture.shape.bars)
         if (at.x() >= double(bar.left) && at.x() < double(bar.right)) point = bar.index;
     if (point == picture.data.count) point = fen::nearestPoint(picture.data, picture.style.shape, at);
     if (point == picture.data.count) return property;
-    return FenVisHitProperty(property.property, fen::dataPoint(chart._perVariableScaling, index, point));
+    return FenVisHitProperty(property.property, fen::dataPoint(one.cache, point));
 }
 
 bool FenVisChart2D::HitDetectEventHandler::OnMouseLeave(FenVisHitRecord const&, FenStringBuilder const&,

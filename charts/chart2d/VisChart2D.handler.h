@@ -24,7 +24,7 @@ public:
 private:
     bool describeVariable(FenVisChart2D const& chart, FenVisHitRecord const& hit, FenVisHitProperty& property,
                           FenStringBuilder const& builder, QString& text) const;
-    FenVisHitProperty toDataPoint(FenVisChart2D const& chart, unsigned index,
+    FenVisHitProperty toDataPoint(FenVisChart2D const& chart, fen::DrawnVariable const& one,
                                   FenVisHitProjectedPointQualifier const& place,
                                   FenVisHitProperty const& property) const;
 };

@@ -1,6 +1,6 @@
 #include "charts/chart2d/VisChart2D.h"
 
-#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/DrawnVariable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -81,13 +81,14 @@ void sampleBars(std::vector<fen::Bar> const& bars, Sampler& sampler)
 std::vector<QPoint> FenVisChart2D::drawnPixels(std::size_t limit) const
 {
     Sampler sampler(limit);
-    if (!_pictures || !_dataViewport.valid()) return {};
-    for (fen::VariablePicture const& picture : _pictures->variables) {
-        if (!picture.drawn) continue;
-        sampleStrips(picture.line, sampler);
-        sampleStrips(picture.area, sampler);
-        sampleBars(picture.bars, sampler);
-        for (QPoint const& symbol : picture.symbols.positions()) sampler.add(symbol.x(), symbol.y());
+    if (!_dataViewport.valid()) return {};
+    for (fen::DrawnVariable const& one : _variables) {
+        if (!one.picture) continue;
+        fen::ShapePicture const& shape = one.picture->shape;
+        sampleStrips(shape.line, sampler);
+        sampleStrips(shape.area, sampler);
+        sampleBars(shape.bars, sampler);
+        for (QPoint const& symbol : one.picture->symbols.positions()) sampler.add(symbol.x(), symbol.y());
     }
     return sampler.take();
 }

@@ -1,11 +1,13 @@
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/ChartMetrics.h"
-#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/DrawnVariable.h"
 #include "charts/chart2d/VisChart2D.handler.h"
 #include "framework/DrawContext.h"
 #include "framework/IVisPropertyEdit.h"
 #include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/ChartPerVariableScaling.h"
 #include "services/chartdata/ChartUpdateVariableUnits.h"
+#include "services/chartdata/ChartVariableListCache.h"
 #include "services/logging/DebugLogger.h"
 #include "services/opengl/OglText.h"
 
@@ -44,7 +46,7 @@ void FenVisChart2D::clearCaches()
     _scaling = Kes::Math::Vector1;
     _offset = Kes::Math::Vector0;
     hitProperties().clear();
-    _pictures.reset();
+    _variables.clear();
     // Whatever was highlighted may have gone, or be something else by now.
     _handler->forget();
 }
@@ -54,23 +56,23 @@ void FenVisChart2D::update(DrawContext const& context)
     clearCaches();
     FenChartUpdateVariableUnits convert(chart.unitSystem, chart.xAxes, chart.yAxes, chart.zAxes,
                                         chart.variables);
-    _variableCache = FenChartVariableListCache(convert(), chart.xAxes.names());
-    _xScale = FenChartAxisPairScale(chart.xAxes, _variableCache);
-    _yScale = FenChartAxisPairScale(chart.yAxes, _variableCache);
-    _perVariableScaling = FenChartPerVariableScaling(_xScale, _yScale, _variableCache);
-    _validVariables.clear();
-    for (unsigned i = 0; i < _perVariableScaling.size(); ++i)
-        if (_perVariableScaling.valid(i)) _validVariables.push_back(_perVariableScaling.variable(i));
-    if (_variableCache.size() == 0) return;
-    if (chart.view3D.get() && !updateView3d(context)) return;
+    FenChartVariableListCache const variables(convert(), chart.xAxes.names());
+    _xScale = FenChartAxisPairScale(chart.xAxes, variables);
+    _yScale = FenChartAxisPairScale(chart.yAxes, variables);
+    std::vector<void const*> xAxes;
+    for (unsigned i = 0; i < variables.size(); ++i)
+        xAxes.push_back(_xScale.find(variables.cache(i).variable().xAxis.get()));
+    _variables = fen::drawnVariables(FenChartPerVariableScaling(_xScale, _yScale, variables), xAxes);
+    if (variables.size() == 0) return;
+    if (chart.view3D.get() && !updateView3d(context, variables)) return;
     updateScales(ChartMetrics::minimumDivisions, context);
 }
 
 /// Box, scaling and offset of the 3D view.
 /// @return false when the first variable has no x axis: then there is no such view
-bool FenVisChart2D::updateView3d(DrawContext const& context)
+bool FenVisChart2D::updateView3d(DrawContext const& context, FenChartVariableListCache const& variables)
 {
-    _bounds = _variableCache.bounds();
+    _bounds = variables.bounds();
     _xScale.update(ChartMetrics::minimumDivisions, context.numberFormat);
     _yScale.update(ChartMetrics::minimumDivisions, context.numberFormat);
     if (!_bounds.defined()) return true;
@@ -82,7 +84,7 @@ bool FenVisChart2D::updateView3d(DrawContext const& context)
     Vector3 const extent = max - min;
     float const largest = std::max({extent.x(), extent.y(), extent.z()});
     float const d = largest > 0 ? largest : 1.0f;
-    FenChartAxisScale const* const xScale = _xScale.find(_variableCache.cache(0).variable().xAxis.get());
+    FenChartAxisScale const* const xScale = _xScale.find(variables.cache(0).variable().xAxis.get());
     if (!xScale) {
         _bounds.reset();
         return false;
@@ -117,7 +119,7 @@ void FenVisChart2D::writeRanges(DrawContext const& context)
 
 void FenVisChart2D::resize(DrawContext const& context)
 {
-    _pictures.reset();
+    for (fen::DrawnVariable& one : _variables) one.picture.reset();
     FenOglViewport room;
     if (!calcDataViewport(context, chart, room)) {
         _dataViewport.reset();
@@ -125,10 +127,8 @@ void FenVisChart2D::resize(DrawContext const& context)
     }
     int const divisions = std::min(room.width(), room.height()) / ChartMetrics::pixelsPerDivision;
     updateScales(std::max(unsigned(divisions), ChartMetrics::minimumDivisions), context);
-    _perVariableScaling = FenChartPerVariableScaling(_xScale, _yScale, _variableCache);
     context.text.clear();
     _dataViewport = _axes.GetDataViewport(context.text, chart.xAxes, chart.yAxes, _xScale, _yScale, room);
     if (!_dataViewport.valid() || chart.view3D.get()) return;
-    _pictures = std::make_shared<fen::ChartPictures const>(
-        fen::makePictures(_perVariableScaling, _dataViewport.size(), context.text));
+    fen::makePictures(_variables, _dataViewport.size(), context.text);
 }

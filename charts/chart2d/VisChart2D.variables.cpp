@@ -1,15 +1,13 @@
 #include "charts/chart2d/VisChart2D.h"
-#include "charts/ChartMetrics.h"
-#include "charts/chart2d/PointText.h"
-#include "charts/chart2d/VariablePicture.h"
+#include "charts/chart2d/DrawnVariable.h"
 #include "charts/chart2d/VisChart2D.parts.h"
+#include "charts/style/PointText.h"
 #include "framework/DrawContext.h"
 #include "picking/hits/VisHitProjectedPointQualifier.h"
 #include "picking/select/VisPickScope.h"
 #include "services/opengl/GlScopes.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglGeometry.h"
-#include "services/opengl/OglText.h"
 #include "services/opengl/PixelRatio.h"
 #include "services/opengl/VertexArrays.h"
 
@@ -32,45 +30,26 @@ constexpr std::size_t mostPoints = 9;
 constexpr float extensionWidth = 2; // [px]
 constexpr unsigned short extensionPattern = 0x0F0F;
 
-void drawShapes(VariablePicture const& picture, FenOglCache& cache)
+void drawExtensions(VariablePicture const& picture)
 {
-    VariableStyle const& style = picture.style;
-    fen::drawFill(style.fill, cache, [&](bool textured) {
-        if (textured) {
-            fen::drawTexturedArray(GL_QUADS, picture.barArea, picture.barRamp);
-            fen::drawStrips(GL_TRIANGLE_STRIP, picture.area, picture.areaRamp);
-        } else {
-            fen::drawArray(GL_QUADS, picture.barArea);
-            fen::drawStrips(GL_TRIANGLE_STRIP, picture.area);
-        }
-    });
-    if (style.line == VariableStyle::Line::Solid) {
-        fen::drawStroke(picture.line, picture.corners, style.stroke);
-    } else if (style.line == VariableStyle::Line::Gradient) {
-        fen::lineWidth(style.stroke.width);
-        (style.stroke.smooth ? glEnable : glDisable)(GL_LINE_SMOOTH);
-        fen::drawRamp(style.ramp, cache,
-                      [&] { fen::drawStrips(GL_LINE_STRIP, picture.line, picture.lineRamp); });
-    }
+    if (picture.extensions.empty()) return;
+    glColor(picture.style.stroke.color);
+    glDisable(GL_LINE_SMOOTH);
+    glEnable(GL_LINE_STIPPLE);
+    fen::lineWidth(extensionWidth);
+    fen::lineStipple(1, extensionPattern);
+    fen::drawStrips(GL_LINE_STRIP, picture.extensions);
+    glDisable(GL_LINE_STIPPLE);
+    fen::lineWidth(1);
 }
 
 /// Corners of all quads of the curve that may lie under the pick region.
 std::vector<Vector2> pickShapes(VariablePicture const& picture, QRectF const& area)
 {
-    VariableStyle const& style = picture.style;
-    if (!style.curveVisible()) return {};
-    if (style.bars) return fen::barQuads(picture.bars, area);
-    std::vector<Vector2> quads = fen::bandQuads(picture.area, picture.areaIndex, area);
-    auto const add = [&](fen::Strips const& line, fen::StripIndex const& index, fen::LineShape const& shape) {
-        std::vector<Vector2> const more = fen::lineQuads(line, index, area, shape);
-        quads.insert(quads.end(), more.begin(), more.end());
-    };
-    if (style.line != VariableStyle::Line::None)
-        add(picture.line, picture.lineIndex,
-            {style.stroke.width, style.stroke.smooth,
-             style.line == VariableStyle::Line::Solid && fen::hasCorners(style.stroke) ? &picture.corners
-                                                                                       : nullptr});
-    add(picture.extensions, picture.extensionIndex, {extensionWidth, false, nullptr});
+    std::vector<Vector2> quads = fen::shapeQuads(picture.shape, picture.style, area);
+    std::vector<Vector2> const more =
+        fen::lineQuads(picture.extensions, picture.extensionIndex, area, {extensionWidth, false, nullptr});
+    quads.insert(quads.end(), more.begin(), more.end());
     return quads;
 }
 
@@ -116,48 +95,33 @@ bool isDefined(fen::CurveData const& data, std::size_t point)
 
 } // namespace
 
-void FenVisChart2D::drawCurve(Pass const& pass, unsigned index, Highlight const& highlight) const
+void FenVisChart2D::drawCurve(Pass const& pass, fen::DrawnVariable const& one,
+                              Highlight const& highlight) const
 {
-    VariablePicture const& picture = _pictures->variables[index];
+    VariablePicture const& picture = *one.picture;
     if (!pass.select) {
-        drawLineExtensions(index);
-        if (highlight.whole() && picture.style.curveVisible())
-            for (fen::Strips const* glowing : {&picture.line, &picture.narrowBars})
-                fen::drawGlow(pass.context.geometry, *glowing, picture.style.stroke.color,
-                              picture.style.stroke.width);
-        drawShapes(picture, pass.context.cache);
+        drawExtensions(picture);
+        if (highlight.whole()) fen::drawShapeGlow(picture.shape, picture.style, pass.context.geometry);
+        fen::drawShape(picture.shape, picture.style, pass.context.cache);
         return;
     }
     std::vector<Vector2> const quads = pickShapes(picture, pass.area);
     if (quads.empty()) return;
     FenVisPickScope const name(pass.select, hitProperties(), [&] {
-        return FenVisHitProperty(
-            &_perVariableScaling.variable(index).variable(),
-            boost::make_shared<FenVisHitProjectedPointQualifier>(
-                chartToClip(_dataViewport, pass.context.viewport) * _perVariableScaling.matrix(index),
-                pass.context.projection, pass.context.viewport, pass.mouse, _scaling, _offset));
+        return FenVisHitProperty(&one.variable(),
+                                 boost::make_shared<FenVisHitProjectedPointQualifier>(
+                                     chartToClip(_dataViewport, pass.context.viewport) * one.matrix,
+                                     pass.context.projection, pass.context.viewport, pass.mouse, _scaling,
+                                     _offset));
     });
     fen::drawArray(GL_QUADS, quads);
 }
 
-void FenVisChart2D::drawLineExtensions(unsigned index) const
+void FenVisChart2D::drawSymbol(Pass const& pass, fen::DrawnVariable const& one,
+                               Highlight const& highlight) const
 {
-    VariablePicture const& picture = _pictures->variables[index];
-    if (picture.extensions.empty()) return;
-    glColor(picture.style.stroke.color);
-    glDisable(GL_LINE_SMOOTH);
-    glEnable(GL_LINE_STIPPLE);
-    fen::lineWidth(extensionWidth);
-    fen::lineStipple(1, extensionPattern);
-    fen::drawStrips(GL_LINE_STRIP, picture.extensions);
-    glDisable(GL_LINE_STIPPLE);
-    fen::lineWidth(1);
-}
-
-void FenVisChart2D::drawSymbol(Pass const& pass, unsigned index, Highlight const& highlight) const
-{
-    if (pass.select) return nameSymbols(pass, index);
-    VariablePicture const& picture = _pictures->variables[index];
+    if (pass.select) return nameSymbols(pass, one);
+    VariablePicture const& picture = *one.picture;
     VariableStyle const& style = picture.style;
     std::size_t const count = picture.symbolPoints.size();
     FenOglViewport const area(0, 0, _dataViewport.width(), _dataViewport.height());
@@ -185,9 +149,9 @@ void FenVisChart2D::drawSymbol(Pass const& pass, unsigned index, Highlight const
 }
 
 /// Names the data points under the pick region. A point without symbol is a plain GL point.
-void FenVisChart2D::nameSymbols(Pass const& pass, unsigned index) const
+void FenVisChart2D::nameSymbols(Pass const& pass, fen::DrawnVariable const& one) const
 {
-    VariablePicture const& picture = _pictures->variables[index];
+    VariablePicture const& picture = *one.picture;
     VariableStyle const& style = picture.style;
     bool const symbols = style.symbol >= 0;
     if (!symbols && !style.curveVisible()) return;
@@ -195,8 +159,7 @@ void FenVisChart2D::nameSymbols(Pass const& pass, unsigned index) const
     QRect const area = symbols ? pixelsOfSquares(pass.area, size) : pixelsOfPoints(pass.area);
     for (std::size_t point : fen::pointsInside(picture.data, area, mostPoints)) {
         FenVisPickScope const name(pass.select, hitProperties(), [&] {
-            return FenVisHitProperty(&_perVariableScaling.variable(index).variable(),
-                                     fen::dataPoint(_perVariableScaling, index, point));
+            return FenVisHitProperty(&one.variable(), fen::dataPoint(one.cache, point));
         });
         QPoint const corner = picture.data.pixel(point) - QPoint(size / 2, size / 2);
         if (symbols)
@@ -205,20 +168,5 @@ void FenVisChart2D::nameSymbols(Pass const& pass, unsigned index) const
         else
             fen::drawArray(GL_POINTS,
                            std::vector<Vector2>{Vector2(float(corner.x()) + 0.5f, float(corner.y()) + 0.5f)});
-    }
-}
-
-void FenVisChart2D::drawLabel(Pass const& pass, unsigned index) const
-{
-    VariablePicture const& picture = _pictures->variables[index];
-    if (picture.labels.empty()) return;
-    FenOglText& text = pass.context.text;
-    text.clear();
-    text.setPointSize(fen::ChartMetrics::labelPointSize);
-    text.setColor(picture.style.labelColor);
-    FenOglTextBatch const joined(text);
-    for (fen::ValueLabel const& label : picture.labels) {
-        text.setAlignment(label.alignment);
-        text.draw(label.anchor, label.text);
     }
 }

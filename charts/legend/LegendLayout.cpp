@@ -28,6 +28,7 @@ LegendLayout::Entry place(QPoint const& corner, int width, LegendEntrySize const
     placed.bounds = QRect(corner, QSize(width, own.height()));
     placed.sample = QRect(corner, QSize(metrics.sampleWidth, row));
     placed.label = QRect(text, corner.y(), entry.label.width(), row);
+    placed.text = entry.text;
     if (!entry.ramp.isEmpty()) {
         placed.ramp = QRect(QPoint(text, corner.y() + row + metrics.rowGap), entry.ramp);
     }
@@ -68,6 +69,11 @@ size_t columnLength(std::vector<LegendEntrySize> const& entries, size_t first, L
 }
 
 } // namespace
+
+int legendLabelRoom(int width, LegendMetrics const& metrics)
+{
+    return width - 2 * metrics.padding - metrics.sampleWidth - metrics.gap;
+}
 
 LegendLayout layoutVertical(std::vector<LegendEntrySize> const& entries, LegendMetrics const& metrics,
                             QSize const& room)

@@ -3,6 +3,7 @@
 #include <QRect>
 #include <QSize>
 #include <QSizeF>
+#include <QString>
 
 #include <cstddef>
 #include <vector>
@@ -13,6 +14,7 @@ namespace fen {
 struct LegendEntrySize {
     QSize label; ///< [px] of its text
     QSize ramp; ///< [px] of the colour ramp with its value labels, below the text; empty: no ramp
+    QString text = {}; ///< what the label says
 };
 
 /// Rectangles of a legend. All are [px], y up, relative to the lower left corner of its box; QRect's
@@ -24,6 +26,7 @@ struct LegendLayout {
         QRect sample;
         QRect label;
         QRect ramp;
+        QString text;
     };
     QSize box;
     std::vector<Entry> entries;
@@ -39,6 +42,9 @@ struct LegendMetrics {
     int gap = 6; ///< between sample and label, and between columns
     int rowGap = 3;
 };
+
+/// [px] that a label may take in a box of that width with a single column.
+int legendLabelRoom(int width, LegendMetrics const& metrics);
 
 /// Lays the entries out below each other, in further columns when the height is used up.
 /// @param room  [px] that the box should not exceed; it does where an entry needs more

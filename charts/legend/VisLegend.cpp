@@ -1,8 +1,8 @@
 #include "charts/legend/VisLegend.h"
 
 #include "charts/VisChart.h"
-#include "charts/legend/LegendPlacement.h"
 #include "charts/legend/VisLegend.handler.h"
+#include "charts/legend/VisLegend.parts.h"
 #include "framework/DrawContext.h"
 #include "framework/VisList.h"
 #include "picking/hits/VisHitRecordList.h"
@@ -19,8 +19,6 @@
 
 namespace {
 
-/// [px] between an automatically placed legend and the edge of the data rectangle.
-constexpr int automaticMargin = 8;
 /// Values beside a colour ramp, at most.
 constexpr unsigned rampIntervals = 17;
 
@@ -100,7 +98,8 @@ void FenVisLegend::dependOn(FenVisualization& source)
 void FenVisLegend::update(DrawContext const& context)
 {
     _entries.clear();
-    _intervals.clear();
+    _collected = true;
+    _layoutArea = QSize();
     _rectangles.clear();
     _box.reset();
     unlink();
@@ -113,11 +112,14 @@ void FenVisLegend::update(DrawContext const& context)
     }
     dependOn(*chart);
     _chart = fen::view_ptr<FenVisualization>(chart);
-    collectEntries(context);
+    _numberFormat = context.numberFormat;
+    _collected = false; // the chart's own update may still come
 }
 
-void FenVisLegend::collectEntries(DrawContext const& context)
+void FenVisLegend::collectEntries() const
 {
+    if (_collected) return;
+    _collected = true;
     auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get());
     if (!chart) return;
     FenChartValidVariableList const variables = chart->validVariables();
@@ -127,11 +129,11 @@ void FenVisLegend::collectEntries(DrawContext const& context)
         if (!variable.legend.get()) continue;
         Kes::Math::Vector2 range = variables.minmax(i);
         chart->colorRange(variable, range);
-        _entries.emplace_back(&variable);
-        _intervals.push_back(range.y() > range.x()
-                                 ? Kes::Math::NiceIntervals(double(range.x()), double(range.y()),
-                                                            rampIntervals, true, true, context.numberFormat)
-                                 : Kes::Math::NiceIntervals());
+        Variable entry{&variable, fen::VariableStyle(variable), {}};
+        if (range.y() > range.x())
+            entry.intervals = Kes::Math::NiceIntervals(double(range.x()), double(range.y()), rampIntervals,
+                                                       true, true, _numberFormat);
+        _entries.push_back(entry);
     }
 }
 
@@ -139,14 +141,8 @@ bool FenVisLegend::placedAutomatically() const { return fen::BoxPlacement(legend
 
 void FenVisLegend::resize(DrawContext const& context)
 {
-    _place = QPoint();
-    Kind const* const layout = kind();
-    if (!layout || !placedAutomatically()) return;
-    QSize const area = context.viewport.size();
-    QSize const box = sizeLegend(context.text, context.viewport, layout->ramps).box;
-    std::vector<QPoint> ink;
-    if (auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get())) ink = chart->drawnPixels();
-    _place = fen::leastHidingPlace(box, area, automaticMargin, ink);
+    _layoutArea = QSize();
+    layOut(context.text, context.viewport.size());
 }
 
 FenOglViewport FenVisLegend::calcLegendViewport(QSize const& size, FenOglViewport const& viewport) const
@@ -162,10 +158,10 @@ FenOglViewport FenVisLegend::calcLegendViewport(QSize const& size, FenOglViewpor
 
 std::vector<FenChartVariable const*> FenVisLegend::entries() const
 {
+    collectEntries();
     std::vector<FenChartVariable const*> alive;
-    for (auto const& entry : _entries) {
-        if (entry.get()) alive.push_back(entry.get());
-    }
+    for (Variable const& entry : _entries)
+        if (entry.variable) alive.push_back(entry.variable.get());
     return alive;
 }
 
@@ -193,7 +189,7 @@ FenVisHitRecordList FenVisLegend::select2d(SelectContext const& context) const
     std::vector<FenVisHitRecord> records{FenVisHitRecord::catchall()};
     names.insert(FenVisHitRecord::DEFAULT_NAME, FenVisHitProperty(this));
     for (unsigned i = 0; i < _entries.size(); ++i) {
-        FenChartVariable const* const variable = _entries[i].get();
+        FenChartVariable const* const variable = _entries[i].variable.get();
         if (!variable || !meets(entryRectangle(i))) continue;
         quint32 const name = FenVisHitRecord::START_NAME + i;
         names.insert(name, FenVisHitProperty(variable));

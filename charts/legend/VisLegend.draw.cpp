@@ -2,18 +2,18 @@
 
 #include "axes/ElidedText.h"
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/legend/LegendPlacement.h"
 #include "charts/legend/LegendSample.h"
 #include "charts/legend/VisLegend.handler.h"
+#include "charts/legend/VisLegend.parts.h"
+#include "charts/style/Fill.h"
 #include "framework/DrawContext.h"
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartVariable.h"
 #include "services/math/Vector2.h"
 #include "services/opengl/FlatScope.h"
-#include "services/opengl/Gl.h"
 #include "services/opengl/GlWrappers.h"
-#include "services/opengl/OglCache.h"
 #include "services/opengl/OglText.h"
-#include "services/opengl/OglTexture.h"
 #include "services/opengl/PixelRatio.h"
 #include "services/opengl/VertexArrays.h"
 #include "services/properties/Labels.h"
@@ -30,8 +30,9 @@ constexpr unsigned pointSize = 8; // [pt]
 constexpr int rampWidth = 14; // [px]
 constexpr int rampLines = 8; ///< height of a ramp in text lines
 constexpr int rampGap = 4; // [px] between ramp, tick and value
-constexpr unsigned rampSteps = 256;
 constexpr int widestLabel = 240; // [px] longer ones are cut
+/// [px] between an automatically placed legend and the edge of the data rectangle.
+constexpr int automaticMargin = 8;
 constexpr int boxAlpha = 225; ///< the chart shines through a little
 
 /// Colours of the box, so that a text in `text` can be read on it.
@@ -48,12 +49,12 @@ BoxColors boxColors(QColor const& text)
     return {QColor(255, 255, 255, boxAlpha), QColor(190, 194, 200), QColor(222, 232, 246)};
 }
 
-QString moreText(std::size_t count) { return QStringLiteral("and %1 more").arg(count); }
+QString moreText(std::size_t count) { return QStringLiteral("+%1 more").arg(count); }
 
-void drawLabel(FenOglText& text, fen::LegendLayout::Entry const& entry, QString const& label)
+void drawLabel(FenOglText& text, fen::LegendLayout::Entry const& entry)
 {
     text.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    text.draw(QPoint(entry.label.x(), entry.label.y() + entry.label.height() / 2), label);
+    text.draw(QPoint(entry.label.x(), entry.label.y() + entry.label.height() / 2), entry.text);
 }
 
 /// Size of a colour ramp with its values beside it [px].
@@ -67,15 +68,23 @@ QSize rampSize(Kes::Math::NiceIntervals const& intervals, FenOglText const& text
     return QSize(rampWidth + 2 * rampGap + widest, (rampLines + 1) * text.height());
 }
 
-/// True for a box that does not fit into the data rectangle or takes more than half of it.
-bool hidesTooMuch(QSize const& box, FenOglViewport const& area)
+/// [px] A legend takes at most half of the data rectangle across the direction in which it grows.
+QSize roomFor(QSize const& area, bool vertical)
 {
-    if (box.width() > area.width() || box.height() > area.height()) return true;
-    return 2.0 * box.width() * box.height() > double(area.width()) * area.height();
+    return vertical ? QSize(area.width() / 2, area.height()) : QSize(area.width(), area.height() / 2);
+}
+
+/// True when a box leaves most of the chart free.
+bool leavesRoom(QSize const& box, QSize const& area, bool vertical)
+{
+    constexpr double mostOfArea = 0.4;
+    QSize const room = roomFor(area, vertical);
+    return box.width() <= room.width() && box.height() <= room.height()
+        && double(box.width()) * box.height() <= mostOfArea * area.width() * area.height();
 }
 
 /// Ramp from the lowest colour at the bottom to the highest, with every n-th value beside it.
-void drawRamp(FenOglCache& cache, FenOglText& text, FenChartVariable const& variable,
+void drawRamp(FenOglCache& cache, FenOglText& text, QList<QColor> const& colors,
               Kes::Math::NiceIntervals const& intervals, QRect const& area)
 {
     float const x0 = float(area.x());
@@ -84,14 +93,11 @@ void drawRamp(FenOglCache& cache, FenOglText& text, FenChartVariable const& vari
     int const length = area.height() - text.height();
     float const y0 = float(bottom);
     float const y1 = float(bottom + length);
-    {
-        fen::FlatScope const flat;
-        fen::FlatScope::enableTexture(GL_REPLACE);
-        cache.gradient(variable.colors.get(), rampSteps, false).set();
+    fen::drawRamp(colors, cache, [&] {
         fen::drawTexturedArray(GL_TRIANGLE_STRIP,
                                {Vector2(x0, y0), Vector2(x1, y0), Vector2(x0, y1), Vector2(x1, y1)},
                                {Vector2(0, 0), Vector2(0, 0), Vector2(0, 1), Vector2(0, 1)});
-    }
+    });
     unsigned const room = unsigned(std::max(1, length / text.height()));
     unsigned const stride = std::max(1u, (intervals.size() + room - 1) / room);
     text.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -127,38 +133,38 @@ FenVisLegend::Kind const* FenVisLegend::kind() const
 
 bool FenVisLegend::CanExpandVariable(unsigned i) const
 {
-    FenChartVariable const* const variable = _entries[i].get();
-    return variable && fen::hasColorRamp(*variable) && _intervals[i].size() > 1;
+    return _entries[i].variable && _entries[i].style.valueRamp && _entries[i].intervals.size() > 1;
 }
 
 /// The label of an entry; values of a ramp that share a factor have it there, as axes in their titles.
-QString FenVisLegend::entryText(FenOglText const& text, unsigned i, bool ramps) const
+/// @param width  [px] that it may take
+QString FenVisLegend::entryText(FenOglText const& text, unsigned i, bool ramps, int width) const
 {
-    QString const label = fen::elided(text, fen::legendLabel(*_entries[i]), widestLabel);
-    if (!ramps || !CanExpandVariable(i)) return label;
-    QString const factor = fen::toFactorLabel(_intervals[i].factor());
-    return factor.isEmpty() ? label : label + QStringLiteral("  (%1)").arg(factor);
+    QString factor;
+    if (ramps && CanExpandVariable(i)) factor = fen::toFactorLabel(_entries[i].intervals.factor());
+    if (!factor.isEmpty()) factor = QStringLiteral("  (%1)").arg(factor);
+    return fen::elided(text, fen::legendLabel(*_entries[i].variable), width - text.size(factor).width())
+        + factor;
 }
 
 /// Lays out as many entries as there is room for, and a last one for the number of the others.
 fen::LegendLayout FenVisLegend::arrange(std::vector<fen::LegendEntrySize> const& sizes,
-                                        FenOglText const& text, QSize const& room) const
+                                        FenOglText const& text, QSize const& area) const
 {
     fen::LegendMetrics metrics;
     metrics.lineHeight = text.height();
     bool const vertical = legend.orientation.get() == FenChart::legendVertical;
+    QSize const room = roomFor(area, vertical);
     auto const layoutOf = [&](std::size_t shown) {
         std::vector<fen::LegendEntrySize> some(sizes.begin(), sizes.begin() + std::ptrdiff_t(shown));
         std::size_t const hidden = sizes.size() - shown;
-        if (hidden > 0) some.push_back({text.size(moreText(hidden)), QSize()});
+        if (hidden > 0) some.push_back({text.size(moreText(hidden)), QSize(), moreText(hidden)});
         auto layout =
             vertical ? fen::layoutVertical(some, metrics, room) : fen::layoutHorizontal(some, metrics, room);
         layout.hidden = hidden;
         return layout;
     };
-    auto const fits = [&](fen::LegendLayout const& layout) {
-        return layout.box.width() <= room.width() && layout.box.height() <= room.height();
-    };
+    auto const fits = [&](fen::LegendLayout const& layout) { return leavesRoom(layout.box, area, vertical); };
     fen::LegendLayout const all = layoutOf(sizes.size());
     if (sizes.size() < 2 || fits(all)) return all;
     std::size_t least = 1, beyond = sizes.size(); // at least one is shown
@@ -169,63 +175,80 @@ fen::LegendLayout FenVisLegend::arrange(std::vector<fen::LegendEntrySize> const&
     return layoutOf(least);
 }
 
-fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, FenOglViewport const& viewport, bool ramps) const
+fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, QSize const& area, bool ramps) const
 {
     text.clear();
     text.setPointSize(pointSize);
+    bool const vertical = legend.orientation.get() == FenChart::legendVertical;
+    int const width = fen::legendLabelRoom(roomFor(area, vertical).width(), fen::LegendMetrics());
     std::vector<fen::LegendEntrySize> sizes(_entries.size());
+    bool expanded = false;
     for (unsigned i = 0; i < _entries.size(); ++i) {
-        FenChartVariable const* const variable = _entries[i].get();
-        if (!variable) continue;
-        sizes[i].label = text.size(entryText(text, i, ramps));
-        if (ramps && CanExpandVariable(i)) sizes[i].ramp = rampSize(_intervals[i], text);
+        if (!_entries[i].variable) continue;
+        bool const ramp = ramps && CanExpandVariable(i);
+        sizes[i].text = entryText(text, i, ramp, std::min(width, widestLabel));
+        sizes[i].label = text.size(sizes[i].text);
+        if (ramp) sizes[i].ramp = rampSize(_entries[i].intervals, text);
+        expanded = expanded || ramp;
     }
-    auto layout = arrange(sizes, text, viewport.size());
+    auto layout = arrange(sizes, text, area);
     text.clear();
-    // Ramps that would hide the chart are left out; the samples show the colours too.
-    bool const expanded = std::any_of(sizes.begin(), sizes.end(),
-                                      [](fen::LegendEntrySize const& size) { return !size.ramp.isEmpty(); });
-    return expanded && hidesTooMuch(layout.box, viewport) ? sizeLegend(text, viewport, false) : layout;
+    // Ramps that would hide the chart or entries are left out; the samples show the colours too.
+    bool const tooLarge = layout.hidden > 0 || !leavesRoom(layout.box, area, vertical);
+    return expanded && tooLarge ? sizeLegend(text, area, false) : layout;
+}
+
+/// Entries, layout and automatic place for a data rectangle, unless they are there already.
+void FenVisLegend::layOut(FenOglText& text, QSize const& area) const
+{
+    collectEntries();
+    Kind const* const found = kind();
+    if (_layoutArea == area || !found) return;
+    _layoutArea = area;
+    _layout = sizeLegend(text, area, found->ramps);
+    if (!placedAutomatically()) return;
+    std::vector<QPoint> ink;
+    if (auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get())) ink = chart->drawnPixels();
+    _place = fen::leastHidingPlace(_layout.box, area, automaticMargin, ink);
 }
 
 void FenVisLegend::draw2d(DrawContext const& context) const
 {
     _rectangles.clear();
     _box.reset();
-    Kind const* const layout = kind();
-    if (!layout) return;
+    layOut(context.text, context.viewport.size());
+    Kind const* const found = kind();
+    if (!found) return;
     FenOglViewport const own(0, 0, context.viewport.width(), context.viewport.height());
     _area = own;
+    // Cut letters tell nothing.
+    if (_layout.box.width() > own.width() || _layout.box.height() > own.height()) return;
     context.text.clear();
     context.text.setColor(legend.textColor.get());
-    drawLegend(context.cache, context.text, own, layout->sample, layout->ramps);
+    drawLegend(context.cache, context.text, own, found->sample);
     context.text.clear();
 }
 
 void FenVisLegend::drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewport const& viewport,
-                              Sample sample, bool ramps) const
+                              Sample sample) const
 {
     QColor const color = text.color();
-    fen::LegendLayout const layout = sizeLegend(text, viewport, ramps);
-    _box = calcLegendViewport(layout.box, viewport);
-
+    _box = calcLegendViewport(_layout.box, viewport);
     fen::FlatScope const flat;
     decorate(color);
-
     text.setPointSize(pointSize);
     text.setColor(color);
-    for (unsigned i = 0; i < layout.entries.size(); ++i) {
-        fen::LegendLayout::Entry entry = layout.entries[i];
-        for (QRect* part : {&entry.bounds, &entry.sample, &entry.label, &entry.ramp}) {
+    for (unsigned i = 0; i < _layout.entries.size(); ++i) {
+        fen::LegendLayout::Entry entry = _layout.entries[i];
+        for (QRect* part : {&entry.bounds, &entry.sample, &entry.label, &entry.ramp})
             part->translate(_box.origin());
-        }
-        if (layout.hidden > 0 && i + 1 == layout.entries.size()) {
-            drawLabel(text, entry, moreText(layout.hidden));
+        if (_layout.hidden > 0 && i + 1 == _layout.entries.size()) {
+            drawLabel(text, entry);
             break;
         }
         _rectangles.emplace_back(entry.bounds.x(), entry.bounds.y(), entry.bounds.width(),
                                  entry.bounds.height());
-        if (_entries[i]) drawEntry(cache, text, i, entry, sample);
+        if (_entries[i].variable) drawEntry(cache, text, i, entry, sample);
     }
 }
 
@@ -246,18 +269,20 @@ void FenVisLegend::decorate(QColor const& textColor) const
 void FenVisLegend::drawEntry(FenOglCache& cache, FenOglText& text, unsigned i,
                              fen::LegendLayout::Entry const& entry, Sample sample) const
 {
-    FenChartVariable const& variable = *_entries[i];
-    if (_handler->hovered().isPropertyEqual(&variable)) {
+    Variable const& one = _entries[i];
+    if (_handler->hovered().isPropertyEqual(one.variable.get())) {
         glColor(boxColors(text.color()).highlight);
         fen::drawRectangle(float(entry.bounds.x() - 2), float(entry.bounds.y() - 1),
                            float(entry.bounds.x() + entry.bounds.width() + 2),
                            float(entry.bounds.y() + entry.bounds.height() + 1));
     }
-    if (sample == Sample::Series) {
-        fen::drawLegendSample(cache, variable, entry.sample);
-    } else {
-        fen::drawLegendPatch(variable, entry.sample);
+    {
+        fen::FlatScope const flat; // the sample may leave width and smoothing behind
+        if (sample == Sample::Series)
+            fen::drawLegendSample(cache, one.style, entry.sample);
+        else
+            fen::drawLegendPatch(one.style, entry.sample);
     }
-    drawLabel(text, entry, entryText(text, i, !entry.ramp.isEmpty()));
-    if (!entry.ramp.isEmpty()) drawRamp(cache, text, variable, _intervals[i], entry.ramp);
+    drawLabel(text, entry);
+    if (!entry.ramp.isEmpty()) drawRamp(cache, text, one.style.valueColors(), one.intervals, entry.ramp);
 }

@@ -26,8 +26,9 @@ class FenChartVariable;
 /// legend hides least, found by each resize; else "placement", "x" and "y" of
 /// the box, whose size always follows from the entries. A drag writes it.
 ///
-/// Entries and intervals are rebuilt by `update`, the automatic place by
-/// `resize`; drawing remembers the rectangles that picks are compared with.
+/// `update` links it; entries, layout and the automatic place are made when they are first asked for after
+/// that or after a `resize`, so that it does not matter whether the legend or its chart is visited first.
+/// Drawing remembers the rectangles that picks are compared with.
 class FENVIS_EXPORT FenVisLegend : public FenVisualization {
 public:
     static QString const typeString;
@@ -62,6 +63,7 @@ public:
     FenOglViewport entryRectangle(unsigned i) const;
 
 private:
+    struct Variable; // one entry
     /// What an entry shows at its left.
     enum class Sample {
         Series = 1, ///< line, symbol and fill as in the chart
@@ -78,28 +80,32 @@ private:
     Kind const* kind() const;
     void unlink();
     void dependOn(FenVisualization& source);
-    void collectEntries(DrawContext const& context);
+    void collectEntries() const;
+    void layOut(FenOglText& text, QSize const& area) const;
 
     fen::LegendLayout arrange(std::vector<fen::LegendEntrySize> const& sizes, FenOglText const& text,
-                              QSize const& room) const;
-    fen::LegendLayout sizeLegend(FenOglText& text, FenOglViewport const& viewport, bool ramps) const;
-    void drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewport const& viewport, Sample sample,
-                    bool ramps) const;
+                              QSize const& area) const;
+    fen::LegendLayout sizeLegend(FenOglText& text, QSize const& area, bool ramps) const;
+    void drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewport const& viewport,
+                    Sample sample) const;
     void drawEntry(FenOglCache& cache, FenOglText& text, unsigned i, fen::LegendLayout::Entry const& entry,
                    Sample sample) const;
     FenOglViewport calcLegendViewport(QSize const& size, FenOglViewport const& viewport) const;
     bool placedAutomatically() const;
     void decorate(QColor const& textColor) const;
     bool CanExpandVariable(unsigned i) const;
-    QString entryText(FenOglText const& text, unsigned i, bool ramps) const;
+    QString entryText(FenOglText const& text, unsigned i, bool ramps, int width) const;
 
-    std::vector<fen::view_ptr<FenChartVariable const>> _entries;
-    std::vector<Kes::Math::NiceIntervals> _intervals; // one per entry
+    mutable std::vector<Variable> _entries;
+    mutable bool _collected = true; // `_entries` are those of the last update
+    mutable fen::LegendLayout _layout;
+    mutable QSize _layoutArea; // [px] for which `_layout` and `_place` were made; invalid: none
+    mutable QPoint _place; // [px] automatic place of the box
+    Kes::Math::NumberFormat _numberFormat; // of the last update
     fen::view_ptr<FenVisualization> _chart; // null while unlinked
     fen::view_ptr<FenVisualization>
         _source; // whose changes mark this: the chart, or the list while it has none
     boost::shared_ptr<HitDetectEventHandler> _handler;
-    QPoint _place; // [px] automatic place of the box, from resize
     mutable std::vector<FenOglViewport> _rectangles; // [px] of the entries as last drawn
     mutable FenOglViewport _box; // [px] as last drawn
     mutable FenOglViewport _area; // [px] data rectangle of the last draw, its origin at (0, 0)

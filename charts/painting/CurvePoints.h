@@ -1,6 +1,7 @@
 #pragma once
 
 #include "charts/painting/CurveData.h"
+#include "charts/style/VariableStyle.h"
 #include "services/math/Vector2.h"
 
 #include <QPoint>
@@ -20,13 +21,6 @@ struct Strips {
     std::vector<Kes::Math::Vector2> spans; ///< [px] two ends each: pixel column centre, whole pixels
 
     bool empty() const { return pieces.empty() && spans.empty(); }
-};
-
-/// The way from one point to the next.
-enum class CurveShape {
-    Line,
-    Spline,
-    Step ///< each value is held until the next x
 };
 
 /// How far a curve is reduced.

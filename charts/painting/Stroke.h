@@ -1,24 +1,16 @@
 #pragma once
 
 #include "charts/painting/CurvePoints.h"
+#include "charts/style/VariableStyle.h"
 #include "services/opengl/Gl.h"
 
 #include <QColor>
-#include <QString>
 
 #include <vector>
 
 class FenOglGeometry;
 
 namespace fen {
-
-/// How a line is drawn.
-struct StrokeStyle {
-    QColor color = Qt::black;
-    float width = 1; ///< [px]
-    bool smooth = false;
-    QString stipple; ///< pattern; empty for a plain line
-};
 
 /// Texture coordinates of strips: one pair per vertex.
 struct StripsRamp {

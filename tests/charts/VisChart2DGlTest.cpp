@@ -138,6 +138,19 @@ TEST_F(VisChart2DGlTest, BarsOfSeveralVariablesStandSideBySide)
         }
 }
 
+TEST_F(VisChart2DGlTest, BarsOnDifferentAxesShareNoPlace)
+{
+    scene.chart->chart.xAxes.setSecond("top", FenChartAxisContinuous::typeString);
+    for (char const* axis : {"x", "top"}) {
+        scene.bars(axis, {{4, 4}, {5, 4}, {6, 4}}).xAxis.set(axis);
+        scene.range(axis, 0, 10);
+    }
+    scene.range("y", -5, 5);
+    scene.chart->chart.variables[0].fillColor.set(Qt::blue);
+    Picture const drawn = updated();
+    for (double x : {3.6, 4.4, 4.6, 6.4}) EXPECT_EQ(QColor(Qt::blue), at(drawn, x, 2)) << x;
+}
+
 TEST_F(VisChart2DGlTest, TheFirstVariableLiesOnTop)
 {
     fixRanges();

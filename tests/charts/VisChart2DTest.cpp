@@ -54,8 +54,8 @@ TEST(VisChart2D, WritesFoundRangesBackOnceAndIsQuietThen)
 TEST(VisChart2D, TellsWhichVariablesAreFitToBeDrawn)
 {
     ChartScene scene;
+    scene.line("lost", {{0, 0}}).yAxis.set("no such axis"); // the first, so that indices differ
     scene.line("good", {{0, 3}, {1, 7}});
-    scene.line("lost", {{0, 0}}).yAxis.set("no such axis");
     scene.line("hidden", {{0, 0}}).visible.set(false);
     scene.update();
     FenChartValidVariableList const valid = scene.chart->validVariables();
@@ -63,8 +63,11 @@ TEST(VisChart2D, TellsWhichVariablesAreFitToBeDrawn)
     EXPECT_EQ("good", valid.variable(0).name());
     EXPECT_EQ(Kes::Math::Vector2(3, 7), valid.minmax(0));
     Kes::Math::Vector2 range;
-    scene.chart->gradientExtents(0, range);
+    scene.chart->gradientExtents(1, range);
     EXPECT_EQ(Kes::Math::Vector2(3, 7), range);
+    EXPECT_TRUE(scene.chart->colorRange(valid.variable(0), range = {}));
+    EXPECT_EQ(Kes::Math::Vector2(3, 7), range);
+    EXPECT_FALSE(scene.chart->colorRange(scene.chart->chart.variables[0], range));
 }
 
 TEST(VisChart2D, AnUpdateEmptiesTheDataRectangleUntilTheNextResize)

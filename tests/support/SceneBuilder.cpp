@@ -8,6 +8,7 @@
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartAxisScale.h"
 #include "services/chartdata/ChartVariable.h"
+#include "services/chartdata/ChartVariableListCache.h"
 
 #include <boost/make_shared.hpp>
 

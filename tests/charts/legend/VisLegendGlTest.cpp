@@ -178,6 +178,17 @@ TEST_F(VisLegendGlTest, ShowsWhatThereIsRoomForAndCountsTheRest)
     FenOglViewport const area = chart->getDataViewport();
     EXPECT_LE(legend->box().width(), area.width());
     EXPECT_LE(legend->box().height(), area.height());
-    EXPECT_TRUE(legend->entryRectangle(10).valid());
+    EXPECT_LE(2 * legend->box().width(), area.width()) << "most of the chart stays free";
+    EXPECT_TRUE(legend->entryRectangle(10).valid()) << "a long name takes no other's room";
     EXPECT_FALSE(legend->entryRectangle(302).valid());
+}
+
+TEST_F(VisLegendGlTest, ShowsTheChartAsItIsWhicheverOfTheTwoComesFirst)
+{
+    legend->layer.set(chart->layer.get() - 1);
+    chart->chart.variables[1].visible.set(false);
+    draw();
+    EXPECT_EQ(2u, legend->entries().size());
+    EXPECT_TRUE(legend->entryRectangle(1).valid());
+    EXPECT_FALSE(legend->entryRectangle(2).valid());
 }

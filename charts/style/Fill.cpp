@@ -1,4 +1,4 @@
-#include "charts/painting/Fill.h"
+#include "charts/style/Fill.h"
 
 #include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
@@ -6,12 +6,6 @@
 #include "services/opengl/OglTexture.h"
 
 namespace fen {
-
-namespace {
-
-constexpr unsigned rampSteps = 256;
-
-} // namespace
 
 void drawFill(FillStyle const& style, FenOglCache& cache, std::function<void(bool textured)> const& area)
 {
@@ -40,9 +34,15 @@ void drawFill(FillStyle const& style, FenOglCache& cache, std::function<void(boo
     }
 }
 
+void useRamp(QList<QColor> const& ramp, FenOglCache& cache)
+{
+    constexpr unsigned steps = 256; // in which none can be seen
+    cache.gradient(ramp, steps, false).set();
+}
+
 void drawRamp(QList<QColor> const& ramp, FenOglCache& cache, std::function<void()> const& geometry)
 {
-    cache.gradient(ramp, rampSteps, false).set();
+    useRamp(ramp, cache);
     FlatScope::enableTexture(GL_MODULATE);
     glColor(Qt::white);
     geometry();

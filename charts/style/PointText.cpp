@@ -1,10 +1,9 @@
-#include "charts/chart2d/PointText.h"
+#include "charts/style/PointText.h"
 
 #include "picking/hits/VisHitQualifiers.h"
 #include "services/chartdata/ChartAxis.h"
-#include "services/chartdata/ChartAxisPairScale.h"
-#include "services/chartdata/ChartPerVariableScaling.h"
-#include "services/chartdata/ChartVariable.h"
+#include "services/chartdata/ChartAxisScale.h"
+#include "services/chartdata/ChartVariableCache.h"
 #include "services/properties/StringBuilder.h"
 
 #include <QDateTime>
@@ -51,30 +50,29 @@ void fillIn(FenStringBuilder::Formatter& text, FenChartAxisScale const* scale, d
 
 } // namespace
 
-boost::shared_ptr<FenVisHitProperty::IQualifier> dataPoint(FenChartPerVariableScaling const& scaling,
-                                                           unsigned index, std::size_t point)
+boost::shared_ptr<FenVisHitProperty::IQualifier> dataPoint(FenChartVariableCache const& cache,
+                                                           std::size_t point)
 {
-    FenChartVariableCache const& cache = scaling.variable(index);
     return boost::make_shared<FenVisHitDataPointQualifier>(
         quint32(std::min<std::size_t>(point, std::numeric_limits<quint32>::max())),
         boost::make_shared<FenVisHitVector2Qualifier>(cache.x(point), cache.y(point)));
 }
 
 QString pointText(FenStringBuilder const& builder, FenChartVariable const& variable,
-                  FenVisHitProperty::IQualifier const* values, FenChartAxisPairScale const& xScale,
-                  FenChartAxisPairScale const& yScale)
+                  FenVisHitProperty::IQualifier const* values, FenChartAxisScale const* xScale,
+                  FenChartAxisScale const* yScale)
 {
     if (auto const* pair = dynamic_cast<FenVisHitVector2Qualifier const*>(values)) {
         FenStringBuilder::Formatter text = builder.formatter(QStringLiteral("%1 { %2, %3 } "));
         text(variable.name());
-        fillIn(text, xScale.find(variable.xAxis.get()), pair->x);
-        fillIn(text, yScale.find(variable.yAxis.get()), pair->y);
+        fillIn(text, xScale, pair->x);
+        fillIn(text, yScale, pair->y);
         return text();
     }
     if (auto const* single = dynamic_cast<FenVisHitVector1Qualifier const*>(values)) {
         FenStringBuilder::Formatter text = builder.formatter(QStringLiteral("%1 { %2 } "));
         text(variable.name());
-        fillIn(text, yScale.find(variable.yAxis.get()), single->value);
+        fillIn(text, yScale, single->value);
         return text();
     }
     return variable.name();

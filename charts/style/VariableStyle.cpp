@@ -1,4 +1,4 @@
-#include "charts/chart2d/VariableStyle.h"
+#include "charts/style/VariableStyle.h"
 
 #include "charts/painting/StyleTexts.h"
 #include "charts/painting/SymbolAtlas.h"
@@ -19,6 +19,15 @@ float lineWidthOf(FenChartVariable const& variable)
 {
     float const width = variable.lineWidth.get();
     return width > 0 ? std::min(width, widestLine) : 1.0f;
+}
+
+CurveShape shapeOf(QString const& style)
+{
+    if (style == FenChart::styleSpline) return CurveShape::Spline;
+    if (style == FenChart::styleStep) return CurveShape::Step;
+    if (style == FenChart::styleBar) return CurveShape::Bars;
+    if (style != FenChart::styleLine) warnUnknownText("style", style);
+    return CurveShape::Line;
 }
 
 VariableStyle::Line lineOf(QString const& mode)
@@ -48,7 +57,8 @@ QList<QColor> rampOf(FenChartVariable const& variable, QColor const& from, QColo
 } // namespace
 
 VariableStyle::VariableStyle(FenChartVariable const& variable)
-    : line(lineOf(variable.lineMode.get()))
+    : shape(shapeOf(variable.style.get()))
+    , line(lineOf(variable.lineMode.get()))
     , symbol(symbolIndex(variable.symbol.get()))
     , symbolSize(std::clamp(variable.symbolSize.get(), 1, largestSymbol))
     , symbolColor(variable.symbolColor.get())
@@ -56,12 +66,6 @@ VariableStyle::VariableStyle(FenChartVariable const& variable)
     , labelColor(variable.labelColor.get())
     , extensions(variable.lineExtension.get())
 {
-    QString const style = variable.style.get();
-    bars = style == FenChart::styleBar;
-    if (style == FenChart::styleSpline) shape = CurveShape::Spline;
-    if (style == FenChart::styleStep) shape = CurveShape::Step;
-    if (shape == CurveShape::Line && !bars && style != FenChart::styleLine) warnUnknownText("style", style);
-
     stroke.color = variable.lineColor.get();
     stroke.width = lineWidthOf(variable);
     stroke.smooth = variable.lineSmooth.get();
@@ -75,6 +79,8 @@ VariableStyle::VariableStyle(FenChartVariable const& variable)
     fill.back = variable.backColor.get();
     fill.pattern = variable.fillPattern.get();
     fill.ramp = rampOf(variable, fill.back, fill.color);
+    valueRamp =
+        !variable.colors.get().isEmpty() && (line == Line::Gradient || fill.mode == FillStyle::Gradient);
     double const factor = variable.barWidth.get();
     barWidth = std::isfinite(factor) ? std::clamp(factor, 0.0, 100.0) : 1.0;
     if (symbolColor.alpha() == 0 && symbolOutline.alpha() == 0) symbol = -1;

@@ -1,4 +1,4 @@
-#include "charts/chart2d/ValueLabels.h"
+#include "charts/painting/ValueLabels.h"
 
 #include "charts/ChartMetrics.h"
 #include "services/opengl/OglText.h"
@@ -94,8 +94,8 @@ std::vector<ValueLabel> placeLabels(QStringList const& labels, CurveData const& 
         QPoint const pixel = data.pixel(i);
         if (!seen.contains(pixel)) continue;
         auto const candidates = [&](QSize const& size) {
-            return style.bars ? atBar(pixel, data.y(i) >= base, size, data.size)
-                              : besidePoint(pixel, distance);
+            return style.shape == CurveShape::Bars ? atBar(pixel, data.y(i) >= base, size, data.size)
+                                                   : besidePoint(pixel, distance);
         };
         auto const firstFree = [&](QSize const& size) {
             Candidates const all = candidates(size);
@@ -115,6 +115,19 @@ std::vector<ValueLabel> placeLabels(QStringList const& labels, CurveData const& 
     }
     text.clear();
     return placed;
+}
+
+void drawLabels(std::vector<ValueLabel> const& labels, QColor const& color, FenOglText& text)
+{
+    if (labels.empty()) return;
+    text.clear();
+    text.setPointSize(ChartMetrics::labelPointSize);
+    text.setColor(color);
+    FenOglTextBatch const joined(text);
+    for (ValueLabel const& label : labels) {
+        text.setAlignment(label.alignment);
+        text.draw(label.anchor, label.text);
+    }
 }
 
 } // namespace fen

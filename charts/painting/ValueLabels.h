@@ -1,6 +1,7 @@
 #pragma once
 
-#include "charts/chart2d/VariableStyle.h"
+#include "charts/painting/CurveData.h"
+#include "charts/style/VariableStyle.h"
 
 #include <QPoint>
 #include <QRect>
@@ -43,5 +44,8 @@ private:
 std::vector<ValueLabel> placeLabels(QStringList const& labels, CurveData const& data,
                                     VariableStyle const& style, double base, FenOglText& text,
                                     LabelRoom& room);
+
+/// Draws placed labels relative to the data rectangle.
+void drawLabels(std::vector<ValueLabel> const& labels, QColor const& color, FenOglText& text);
 
 } // namespace fen
