@@ -12,7 +12,11 @@ namespace fen {
 /// file survives a loss of power; on failure the old one is as it was.
 ///
 /// A link is followed; the file keeps its permissions. Devices, pipes and
-/// sockets are written to, never replaced.
+/// sockets are written to, never replaced; so is whatever a file that this
+/// process has open stands for ("/dev/stdout"). A save that is killed leaves at
+/// worst a file ".fenvis-......" that the next save in that folder removes.
+/// Qt's own QSaveFile is not used: it hides a failed fsync, never synchronises
+/// the folder and replaces pipes.
 /// @param error  set to "path: message" on failure
 FENVIS_EXPORT bool writeFile(QString const& path, QByteArray const& bytes, QString& error);
 

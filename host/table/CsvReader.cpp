@@ -2,6 +2,8 @@
 
 #include "host/Limits.h"
 
+#include <QUtf8StringView>
+
 #include <csv.h>
 
 #include <algorithm>
@@ -17,34 +19,38 @@ QString atLine(std::size_t line, QString const& message)
     return QStringLiteral("%1: %2").arg(line).arg(message);
 }
 
-/// Number of bytes of the UTF-8 character at the front; 0 when it is none.
-std::size_t characterLength(std::string_view text)
+/// What ends the lines of a text: CR where its first line ends so, else LF (with or without a CR).
+char lineEnd(std::string_view text)
 {
-    auto const byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    unsigned const lead = byte(0);
-    std::size_t const length = lead < 0x80 ? 1
-        : lead < 0xC2                      ? 0
-        : lead < 0xE0                      ? 2
-        : lead < 0xF0                      ? 3
-        : lead < 0xF5                      ? 4
-                                           : 0;
-    if (length == 0 || length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((byte(i) & 0xC0U) != 0x80) return 0;
-    if (length < 3) return length;
-    unsigned const second = byte(1);
-    bool const overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-    bool const outside = (lead == 0xED && second >= 0xA0) || (lead == 0xF4 && second >= 0x90);
-    return overlong || outside ? 0 : length;
+    std::size_t const first = text.find_first_of("\r\n");
+    bool const old = first != text.npos && text[first] == '\r' && !text.substr(first).starts_with("\r\n");
+    return old ? '\r' : '\n';
 }
 
-/// Bytes that need no look: all of ASCII but the control characters that no text has.
-constexpr std::array<bool, 256> makePlain()
+/// Control characters that no text has.
+constexpr std::array<bool, 256> makeControls()
 {
-    std::array<bool, 256> plain{};
-    for (unsigned c = 0x20; c < 0x80; ++c) plain[c] = c != 0x7F;
-    plain['\t'] = plain['\n'] = plain['\r'] = true;
-    return plain;
+    std::array<bool, 256> controls{};
+    for (unsigned c = 0; c < 0x20; ++c) controls[c] = true;
+    controls[0x7F] = true;
+    controls['\t'] = controls['\n'] = controls['\r'] = false;
+    return controls;
+}
+
+bool isUtf8(std::string_view text)
+{
+    return QUtf8StringView(text.data(), qsizetype(text.size())).isValidUtf8();
+}
+
+/// Where the first line begins that is no UTF-8, in a text that is not.
+std::size_t wrongLine(std::string_view text, char end)
+{
+    std::size_t begin = 0;
+    for (std::size_t next = 0; begin < text.size(); begin = next) {
+        next = std::min(text.find(end, begin), text.size() - 1) + 1;
+        if (!isUtf8(text.substr(begin, next - begin))) break;
+    }
+    return begin;
 }
 
 /// Empty, or why these bytes are no text.
@@ -52,22 +58,21 @@ QString textError(std::string_view text)
 {
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
         return atLine(1, QStringLiteral("this is UTF-16; save it as UTF-8"));
-    static constexpr std::array<bool, 256> plain = makePlain();
-    for (std::size_t i = 0; i < text.size();) {
-        unsigned const byte = static_cast<unsigned char>(text[i]);
-        std::size_t const length = plain[byte] ? 1 : byte < 0x80 ? 0 : characterLength(text.substr(i, 4));
-        if (length == 0) {
-            auto const line =
-                std::size_t(std::count(text.begin(), text.begin() + std::ptrdiff_t(i), '\n')) + 1;
-            QString const hex = QString::number(byte, 16).toUpper().rightJustified(2, QLatin1Char('0'));
-            return atLine(line,
-                          (byte < 0x80 ? QStringLiteral("control character 0x%1: this is no text")
-                                       : QStringLiteral("byte 0x%1 is no UTF-8; save the file as UTF-8"))
-                              .arg(hex));
-        }
-        i += length;
-    }
-    return {};
+    static constexpr std::array<bool, 256> controls = makeControls();
+    auto const control =
+        std::ranges::find_if(text, [](char c) { return controls[static_cast<unsigned char>(c)]; });
+    bool const utf8 = isUtf8(text);
+    if (utf8 && control == text.end()) return {};
+    char const end = lineEnd(text);
+    auto const found = std::size_t(control - text.begin());
+    std::size_t const wrong = utf8 ? text.size() : wrongLine(text, end);
+    std::size_t const place = std::min(found, wrong);
+    auto const line = std::size_t(std::ranges::count(text.substr(0, place), end)) + 1;
+    if (found > wrong) return atLine(line, QStringLiteral("this line is not UTF-8; save the file as UTF-8"));
+    QString const hex = QString::number(static_cast<unsigned char>(*control), 16).toUpper();
+    return atLine(line,
+                  QStringLiteral("control character 0x%1: this is no text")
+                      .arg(hex.rightJustified(2, QLatin1Char('0'))));
 }
 
 /// The parser with what its callbacks gather.
@@ -86,12 +91,10 @@ public:
 
     QString run(std::string_view text)
     {
-        std::size_t const firstEnd = text.find_first_of("\r\n");
-        bool const oldEnds =
-            firstEnd != text.npos && text[firstEnd] == '\r' && !text.substr(firstEnd).starts_with("\r\n");
+        char const lastOfLine = lineEnd(text);
         std::size_t line = 1;
         while (!text.empty() && _error.isEmpty()) {
-            std::size_t const end = text.find(oldEnds ? '\r' : '\n');
+            std::size_t const end = text.find(lastOfLine);
             bool const wholeLine = end < largestPiece;
             std::string_view const piece = text.substr(0, wholeLine ? end + 1 : largestPiece);
             text.remove_prefix(piece.size());
@@ -128,7 +131,10 @@ private:
     void checkLength(std::size_t bytes)
     {
         if (bytes > std::size_t(fen::limits::csvFieldBytes))
-            fail(_line, QStringLiteral("a field is longer than %1 bytes").arg(fen::limits::csvFieldBytes));
+            fail(_rowLine,
+                 QStringLiteral("a field that begins in this row is longer than %1 bytes%2")
+                     .arg(fen::limits::csvFieldBytes)
+                     .arg(_parser.quoted ? QStringLiteral(", or its quote is never closed") : QString()));
     }
 
     void fail(std::size_t line, QString const& message)

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
@@ -87,6 +88,29 @@ TEST_F(FileOutput, WritesIntoPipesAndDevices)
     EXPECT_TRUE(S_ISCHR(modeOf(QStringLiteral("/dev/null"))));
     EXPECT_FALSE(fen::writeFile(QStringLiteral("/dev/full"), "x", error));
     EXPECT_EQ(QStringLiteral("/dev/full: cannot write: No space left on device"), error);
+}
+
+TEST_F(FileOutput, AnOpenFileIsWrittenToAndNotReplaced)
+{
+    ASSERT_TRUE(write("log", "old "));
+    int const log = ::open(QFile::encodeName(path("log")).constData(), O_WRONLY | O_APPEND);
+    EXPECT_TRUE(fen::writeFile(QStringLiteral("/dev/fd/%1").arg(log), "new", error)) << error.toStdString();
+    ::close(log);
+    EXPECT_EQ("old new", contents(path("log")));
+}
+
+TEST_F(FileOutput, SweepsAwayWhatKilledSavesLeftButNothingThatIsBeingWritten)
+{
+    for (char const* name : {".fenvis-dead00", ".fenvis-alive0", ".fenvis-mine", "other"}) {
+        QFile made(path(name));
+        ASSERT_TRUE(made.open(QIODevice::WriteOnly));
+    }
+    int const alive = ::open(QFile::encodeName(path(".fenvis-alive0")).constData(), O_WRONLY);
+    ::flock(alive, LOCK_EX);
+    ASSERT_TRUE(write("a", "new"));
+    ::close(alive);
+    EXPECT_FALSE(QFile::exists(path(".fenvis-dead00")));
+    EXPECT_EQ(4, entries());
 }
 
 TEST_F(FileOutput, RefusesWhatCannotBeWrittenAndLeavesNothingBehind)

@@ -1,6 +1,7 @@
 #include "host/table/DataTable.h"
 
 #include "host/Limits.h"
+#include "host/output/MessageText.h"
 #include "host/table/DateText.h"
 
 #include <QSet>
@@ -105,6 +106,8 @@ TEST(DataTable, NamesEachColumnOnce)
 TEST(DataTable, SaysWhereAndWhatIsWrongAndKeepsTheOldTable)
 {
     std::string const longField = "a,b\n1," + std::string(10'000'000, '7') + "\n";
+    std::string unclosed = "a,b\n1,\"2\n";
+    for (int i = 0; i < 500'000; ++i) unclosed += "3,4\n";
     std::string const manyColumns = std::string(70'000, ',') + "\n";
     struct Row {
         std::string text;
@@ -120,13 +123,18 @@ TEST(DataTable, SaysWhereAndWhatIsWrongAndKeepsTheOldTable)
         {"a,b\n1,\"2\n3,4\n", "t.csv:2: a quoted field that begins in this row is never closed"},
         {"a,b\n1,2\"3\n", "t.csv:2: stray quote"},
         {std::string("a,b\n1,\0002\n", 9), "t.csv:2: control character 0x00: this is no text"},
-        {"\x89PNG\r\n\x1A\n", "t.csv:1: byte 0x89 is no UTF-8"},
-        {"a,b\n\xC0\xAF,1\n", "t.csv:2: byte 0xC0 is no UTF-8"},
-        {"a,b\n1,\xE6\xB8", "t.csv:2: byte 0xE6 is no UTF-8"},
+        {"\x89PNG\r\n\x1A\n", "t.csv:1: this line is not UTF-8; save"},
+        {"a,b\n\xC0\xAF,1\n", "t.csv:2: this line is not UTF-8"},
+        {"a,b\n1,\xE6\xB8", "t.csv:2: this line is not UTF-8"},
+        {"a,b\r1,2\r3,\xFF\r", "t.csv:3: this line is not UTF-8"},
+        {"a,b\r1,2\r3\r", "t.csv:3: 1 fields, but the first row has 2"},
         {"\xFF\xFE"
          "a\0,\0",
          "t.csv:1: this is UTF-16"},
-        {longField, "t.csv:2: a field is longer than 1048576 bytes"},
+        {longField, "t.csv:2: a field that begins in this row is longer than 1048576 bytes"},
+        {unclosed,
+         "t.csv:2: a field that begins in this row is longer than 1048576 bytes, or its quote is never "
+         "closed"},
         {manyColumns, "t.csv:1: more than 65536 fields"},
         {"a" + std::string(1024, 'b') + ",c\n1,2\n",
          "t.csv:1: the name of column 1 is longer than 1024 characters"},
@@ -154,6 +162,8 @@ TEST(DataTable, EscapesWhatCouldMislead)
     QString error;
     FenDataTable::parse("", QStringLiteral("a\x1b[31m\u202Eb.csv"), table, error);
     EXPECT_EQ(QStringLiteral("a\\u{1b}[31m\\u{202e}b.csv:1: the file is empty"), error);
+    QString const told = fen::messageText(QStringLiteral("\u2028\u2029\u00e9 \U0001F600\U000E0041"));
+    EXPECT_EQ(QStringLiteral("\\u{2028}\\u{2029}\u00e9 \U0001F600\\u{e0041}"), told);
 }
 
 TEST(DataTable, AppendsColumnsOfItsLengthOnly)
