@@ -18,6 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 auto const mergeTime = std::chrono::seconds(1);
+int const amends = -2; // merge id of what belongs to the last step in any case
 
 /// One setting and its two texts. Nodes that are gone are skipped.
 struct Change {
@@ -50,6 +51,7 @@ void undoAll(Changes const& changes)
 /// A finished step.
 class EditCommand : public QUndoCommand {
 public:
+    /// @param mergeId  as `beginStep` takes it, or `amends`
     EditCommand(QString const& text, Changes changes, int mergeId)
         : QUndoCommand(text)
         , _changes(std::move(changes))
@@ -63,11 +65,11 @@ public:
     {
         for (Change const& change : _changes) change.write(change.after);
     }
-    int id() const override { return _mergeId; }
+    int id() const override { return 1; } // any two may join; `mergeWith` decides
     bool mergeWith(QUndoCommand const* other) override
     {
         auto const* const next = dynamic_cast<EditCommand const*>(other);
-        if (!next || next->text() != text() || next->_time - _time > mergeTime) return false;
+        if (!next || !(next->_mergeId == amends || joinedBy(*next))) return false;
         for (Change const& change : next->_changes) {
             Change* const known = find(_changes, change.item.get(), change.key);
             if (known)
@@ -80,6 +82,12 @@ public:
     }
 
 private:
+    bool joinedBy(EditCommand const& next) const
+    {
+        return _mergeId != -1 && next._mergeId == _mergeId && next.text() == text()
+            && next._time - _time <= mergeTime;
+    }
+
     Changes _changes;
     int _mergeId;
     Clock::time_point _time;
@@ -122,12 +130,49 @@ struct FenUndoPropertyEdit::Step {
     Changes changes;
 };
 
+/// Stands on the stack for a step that is still open. Undoing it cancels the step and takes it from
+/// the stack, as the end of the step does.
+class FenUndoPropertyEdit::HeldCommand : public QUndoCommand {
+public:
+    HeldCommand(FenUndoPropertyEdit& edit, QString const& text, std::function<void()> cancel)
+        : QUndoCommand(text)
+        , _edit(&edit)
+        , _cancel(std::move(cancel))
+    {
+    }
+    ~HeldCommand() override
+    {
+        if (_edit) _edit->_held = nullptr;
+    }
+    void redo() override { }
+    void undo() override
+    {
+        FenUndoPropertyEdit* const edit = forget();
+        if (_cancel) _cancel();
+        if (edit) edit->cancelStep();
+    }
+    /// The stack deletes it at the next chance and neither undoes nor redoes it.
+    FenUndoPropertyEdit* forget()
+    {
+        setObsolete(true);
+        if (_edit) _edit->_held = nullptr;
+        return std::exchange(_edit, nullptr);
+    }
+
+private:
+    FenUndoPropertyEdit* _edit;
+    std::function<void()> _cancel;
+};
+
 FenUndoPropertyEdit::FenUndoPropertyEdit(QUndoStack& stack)
     : _stack(stack)
 {
 }
 
-FenUndoPropertyEdit::~FenUndoPropertyEdit() = default;
+FenUndoPropertyEdit::~FenUndoPropertyEdit()
+{
+    if (_held) _held->forget();
+}
 
 void FenUndoPropertyEdit::beginEdit() { beginStep(); }
 
@@ -161,6 +206,7 @@ void FenUndoPropertyEdit::endStep()
 {
     if (!_step || --_step->depth > 0) return;
     auto const step = std::move(_step);
+    release();
     Changes changed;
     for (Change& change : step->changes) {
         FenProperties const* const item = change.item.get();
@@ -178,6 +224,24 @@ void FenUndoPropertyEdit::cancelStep()
     if (!_step) return;
     auto const step = std::move(_step);
     undoAll(step->changes);
+    release();
+}
+
+void FenUndoPropertyEdit::amendStep() { beginStep(QString(), amends); }
+
+void FenUndoPropertyEdit::holdStep(std::function<void()> cancel)
+{
+    if (!_step || _held) return;
+    QString const text = _step->text.isEmpty() ? QStringLiteral("Drag") : _step->text;
+    _held = new HeldCommand(*this, text, std::move(cancel));
+    _stack.push(_held);
+}
+
+void FenUndoPropertyEdit::release()
+{
+    if (!_held) return;
+    _held->forget();
+    _stack.undo(); // takes it from the stack, for it is obsolete
 }
 
 bool FenUndoPropertyEdit::stepOpen() const { return bool(_step); }

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class FenProperties;
@@ -14,8 +15,8 @@ class QUndoStack;
 ///
 /// A value is written at once, so that it shows while the user drags; the step
 /// is pushed when the outermost bracket closes. What ends up as it was before
-/// makes no step. A step survives the nodes that it names: undoing it leaves
-/// out what no longer exists. The stack must outlive the editor.
+/// makes no step. While a drag is held, "Undo" cancels it. A step survives the nodes that it names: undoing
+/// it leaves out what no longer exists. The stack must outlive the editor.
 class FENVIS_EXPORT FenUndoPropertyEdit : public IFenVisPropertyEdit {
 public:
     explicit FenUndoPropertyEdit(QUndoStack& stack);
@@ -40,6 +41,12 @@ public:
     ///                 joins the one before
     void beginStep(QString const& text = QString(), int mergeId = -1);
     void endStep();
+    /// As `beginStep`, but what follows belongs to the step that was made last, whenever that was.
+    void amendStep();
+    /// The open step will stay open over several events (a drag): puts it onto the stack as it is, so
+    /// that "Undo" meanwhile cancels it and nothing else.
+    /// @param cancel  is called then; it has to lead to `cancelStep`
+    void holdStep(std::function<void()> cancel);
     /// Writes back what the open step has changed and forgets it; the stack stays as it is.
     void cancelStep();
     bool stepOpen() const;
@@ -56,6 +63,9 @@ public:
 
 private:
     struct Step;
+    class HeldCommand;
+    void release();
     QUndoStack& _stack;
     std::unique_ptr<Step> _step;
+    HeldCommand* _held = nullptr; // on the stack while a held step is open
 };

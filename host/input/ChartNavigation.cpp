@@ -1,9 +1,10 @@
 #include "host/input/ChartNavigation.h"
 
 #include "host/edit/UndoPropertyEdit.h"
+#include "host/input/ChartPlace.h"
 #include "host/input/NavigatedAxis.h"
 #include "host/scene/Scene.h"
-#include "host/table/ChartKinds.h"
+#include "host/scene/SceneObserver.h"
 
 #include "charts/VisChart.h"
 #include "services/chartdata/Chart.h"
@@ -15,97 +16,43 @@
 
 namespace {
 
+using fen::ChartPlace;
 using fen::NavigatedAxis;
 
 int const zoomSteps = 1; // id under which steps of the wheel join
 int const smallestRubberBand = 4; // [px]
+double const smallestSlip = 0.05; // [px] below it nobody sees that a value has moved
 
-/// A chart and where it was laid out.
-struct Place {
-    FenVisChart* chart = nullptr; // null: none whose ranges can be chosen
-    fen::ChartSides sides;
-    FenOglViewport own; // [px, window]
-    FenOglViewport data; // [px, window] rectangle of the data
-
-    FenChart& content() const { return *fen::contentOf(*chart); }
+/// An axis as it is to be moved.
+struct Moved {
+    FenChartAxis* axis;
+    NavigatedAxis range;
 };
 
-/// The topmost chart under a point, and its rectangle. Lists inside lists draw in the same rectangle
-/// and are searched too.
-FenVisChart* chartAt(FenVisList& nodes, FenOglViewport const& parent, QPoint point, FenOglViewport& rectangle)
-{
-    FenVisChart* found = nullptr;
-    for (unsigned i = 0; i < nodes.size(); ++i) {
-        FenVisualization* const node = nodes.at(i);
-        if (!node || !node->enabled.get()) continue;
-        if (auto* const list = dynamic_cast<FenVisList*>(node)) {
-            if (FenVisChart* const inside = chartAt(*list, parent, point, rectangle)) found = inside;
-            continue;
-        }
-        auto* const chart = dynamic_cast<FenVisChart*>(node);
-        FenOglViewport own;
-        if (!chart || !chart->getViewport(parent, own) || !own.contains(point)) continue;
-        if (found && found->layer.get() > chart->layer.get()) continue;
-        found = chart;
-        rectangle = own;
-    }
-    return found;
-}
-
-fen::ChartSides sidesOf(FenVisualization& chart)
-{
-    fen::ChartKind const* const kind = fen::chartKindOf(chart);
-    return kind && kind->sides && fen::contentOf(chart) ? kind->sides(chart) : fen::ChartSides();
-}
-
-/// The chart under a point; none when it has no axes to move or no room for data.
-Place placeAt(FenVisScene& scene, QPoint point)
-{
-    Place place;
-    FenOglViewport const whole(0, 0, scene.size().width(), scene.size().height());
-    FenVisChart* const chart = chartAt(scene.root(), whole, point, place.own);
-    if (!chart) return place;
-    place.sides = sidesOf(*chart);
-    if (place.sides.axes().empty()) return place;
-    FenOglViewport const data = chart->getDataViewport();
-    place.data =
-        FenOglViewport(place.own.x() + data.x(), place.own.y() + data.y(), data.width(), data.height());
-    if (place.data.valid()) place.chart = chart;
-    return place;
-}
-
 /// All axes for a point over the data, those of one side for a point beside it.
-std::vector<NavigatedAxis> axesAt(Place const& place, QPoint point)
+std::vector<Moved> axesAt(ChartPlace const& place, QPoint point)
 {
-    bool const left = point.x() < place.data.x();
-    bool const right = point.x() >= place.data.x() + place.data.width();
-    bool const below = point.y() < place.data.y();
-    bool const above = point.y() >= place.data.y() + place.data.height();
-    std::vector<NavigatedAxis> axes;
+    double const x = place.fraction(point, true);
+    double const y = place.fraction(point, false);
+    bool const inColumns = x >= 0 && x < 1;
+    bool const inRows = y >= 0 && y < 1;
+    std::vector<Moved> axes;
     auto const add = [&](bool wanted, fen::ChartSides::Side const& side, bool horizontal) {
-        if (wanted && side.axis) axes.emplace_back(*side.axis, side.scale, horizontal);
+        if (wanted && side.axis)
+            axes.push_back({side.axis, NavigatedAxis(*side.axis, side.scale, horizontal)});
     };
-    bool const inRows = !below && !above;
-    bool const inColumns = !left && !right;
-    add(inColumns && !above, place.sides.bottom, true);
-    add(inColumns && !below, place.sides.top, true);
-    add(inRows && !right, place.sides.left, false);
-    add(inRows && !left, place.sides.right, false);
+    add(inColumns && y < 1, place.sides.bottom, true);
+    add(inColumns && y >= 0, place.sides.top, true);
+    add(inRows && x < 1, place.sides.left, false);
+    add(inRows && x >= 0, place.sides.right, false);
     return axes;
-}
-
-/// Where a point lies along an axis; 0 to 1 inside the data rectangle.
-double fractionAt(Place const& place, QPoint point, bool horizontal)
-{
-    return horizontal ? double(point.x() - place.data.x()) / place.data.width()
-                      : double(point.y() - place.data.y()) / place.data.height();
 }
 
 /// Axes that have a range chosen by hand get an automatic one again.
 bool fitAxes(FenUndoPropertyEdit& edit, FenVisChart& chart)
 {
     bool changed = false;
-    for (FenChartAxis* const axis : sidesOf(chart).axes()) {
+    for (FenChartAxis* const axis : fen::sidesOf(chart).axes()) {
         if (axis->autoRange.get()) continue;
         edit.keep(*axis, axis->min.name());
         edit.keep(*axis, axis->max.name());
@@ -115,27 +62,93 @@ bool fitAxes(FenUndoPropertyEdit& edit, FenVisChart& chart)
     return changed;
 }
 
-void forEachChart(FenVisList& nodes, std::function<void(FenVisChart&)> const& operation)
-{
-    for (unsigned i = 0; i < nodes.size(); ++i) {
-        FenVisualization* const node = nodes.at(i);
-        if (auto* const list = dynamic_cast<FenVisList*>(node)) forEachChart(*list, operation);
-        if (auto* const chart = dynamic_cast<FenVisChart*>(node)) operation(*chart);
+/// A value that is to lie under the pointer, whatever a new layout makes of the data rectangle.
+struct Held {
+    fen::view_ptr<FenVisChart> chart;
+    fen::view_ptr<FenChartAxis> axis;
+    bool horizontal;
+    double value; // as `NavigatedAxis` measures
+    QPoint point; // [px]
+    bool inside = true; // a point beside the data stands for the nearest one over it
+
+    /// The range that was chosen; when somebody else has changed it meanwhile nothing is held.
+    double min = 0;
+    double max = 0;
+
+    /// The axis with the range that puts the value where it belongs.
+    struct Wish {
+        ChartPlace place;
+        std::optional<NavigatedAxis> range;
+        double fraction = 0;
+    };
+    Wish wish(FenVisScene& scene) const
+    {
+        Wish found;
+        found.place = fen::placeOf(scene, chart.get());
+        if (!found.place || !axis) return found;
+        for (fen::ChartSides::Side const& side : {found.place.sides.bottom, found.place.sides.top,
+                                                  found.place.sides.left, found.place.sides.right})
+            if (side.axis == axis.get()) found.range.emplace(*side.axis, side.scale, horizontal);
+        found.fraction = found.place.fraction(point, horizontal);
+        if (inside) found.fraction = std::clamp(found.fraction, 0.0, 1.0);
+        return found;
     }
-}
+    /// Shows a range of `extent` around the value, and remembers it.
+    bool show(FenUndoPropertyEdit& edit, Wish const& at, double extent)
+    {
+        double const low = value - at.fraction * extent;
+        if (!at.range->show(edit, at.place.content(), low, low + extent)) return false;
+        min = axis->min.get();
+        max = axis->max.get();
+        return true;
+    }
+    bool stands() const
+    {
+        return axis && !axis->autoRange.get() && axis->min.get() == min && axis->max.get() == max;
+    }
+};
 
 } // namespace
 
-/// A chart that is being moved.
-struct FenChartNavigation::Drag {
-    QPoint start; // [px]
-    Place place;
-    fen::view_ptr<FenVisChart> chart; // as in `place`; null when it is gone
-    std::vector<NavigatedAxis> axes; // as they were at the start
+struct FenChartNavigation::State : IFenSceneObserver {
+    explicit State(FenVisScene& theScene)
+        : scene(theScene)
+    {
+        scene.addObserver(*this);
+    }
+    ~State() { scene.removeObserver(*this); }
+
+    /// The layout may have moved what the pointer holds: wider labels take room from the data.
+    bool sceneUpdated() override;
+
+    FenVisScene& scene;
+    fen::view_ptr<FenVisChart> dragged;
+    bool dragging = false;
+    std::vector<Held> grip; // what a drag holds, since its start
+    std::vector<Held> held; // what was changed since the last layout
 };
 
+bool FenChartNavigation::State::sceneUpdated()
+{
+    bool changed = false;
+    FenUndoPropertyEdit& edit = scene.propertyEdit();
+    for (Held& one : std::exchange(held, {})) {
+        if (!one.stands()) continue;
+        Held::Wish const wish = one.wish(scene);
+        if (!wish.range) continue;
+        double const extent = wish.range->extent();
+        double const slip = std::abs(wish.range->at(wish.fraction) - one.value) / extent
+            * (one.horizontal ? wish.place.data.width() : wish.place.data.height());
+        if (!(slip > smallestSlip)) continue;
+        edit.amendStep();
+        changed = one.show(edit, wish, extent) || changed;
+        edit.endStep();
+    }
+    return changed;
+}
+
 FenChartNavigation::FenChartNavigation(FenVisScene& scene)
-    : _scene(scene)
+    : _state(std::make_unique<State>(scene))
 {
 }
 
@@ -143,14 +156,19 @@ FenChartNavigation::~FenChartNavigation() = default;
 
 bool FenChartNavigation::zoom(QPoint point, double factor)
 {
-    Place const place = placeAt(_scene, point);
-    if (!place.chart || !std::isfinite(factor) || factor <= 0 || factor == 1) return false;
-    FenUndoPropertyEdit& edit = _scene.propertyEdit();
+    FenVisScene& scene = _state->scene;
+    ChartPlace const place = fen::placeOf(scene, fen::chartAt(scene, point));
+    if (!place || !std::isfinite(factor) || factor <= 0 || factor == 1) return false;
+    FenUndoPropertyEdit& edit = scene.propertyEdit();
     edit.beginStep(QStringLiteral("Zoom ") + place.chart->name(), zoomSteps);
     bool changed = false;
-    for (NavigatedAxis const& axis : axesAt(place, point)) {
-        double const at = std::clamp(fractionAt(place, point, axis.horizontal()), 0.0, 1.0);
-        changed = axis.show(edit, place.content(), at - at * factor, at + (1 - at) * factor) || changed;
+    for (Moved const& axis : axesAt(place, point)) {
+        bool const horizontal = axis.range.horizontal();
+        double const fraction = std::clamp(place.fraction(point, horizontal), 0.0, 1.0);
+        Held held{place.chart, axis.axis, horizontal, axis.range.at(fraction), point};
+        if (!held.show(edit, {place, axis.range, fraction}, axis.range.extent() * factor)) continue;
+        _state->held.push_back(held);
+        changed = true;
     }
     edit.endStep();
     return changed;
@@ -158,19 +176,20 @@ bool FenChartNavigation::zoom(QPoint point, double factor)
 
 bool FenChartNavigation::zoomTo(QRect const& rectangle, QPoint from)
 {
-    Place const place = placeAt(_scene, from);
+    FenVisScene& scene = _state->scene;
+    ChartPlace const place = fen::placeOf(scene, fen::chartAt(scene, from));
     bool const largeEnough = std::max(rectangle.width(), rectangle.height()) > smallestRubberBand;
-    if (!place.chart || !largeEnough) return false;
-    FenUndoPropertyEdit& edit = _scene.propertyEdit();
+    if (!place || !largeEnough) return false;
+    FenUndoPropertyEdit& edit = scene.propertyEdit();
     edit.beginStep(QStringLiteral("Zoom ") + place.chart->name());
     bool changed = false;
-    for (NavigatedAxis const& axis : axesAt(place, from)) {
-        bool const horizontal = axis.horizontal();
+    for (Moved const& axis : axesAt(place, from)) {
+        bool const horizontal = axis.range.horizontal();
         // A band drawn along one axis only leaves the other as it is.
         if ((horizontal ? rectangle.width() : rectangle.height()) <= smallestRubberBand) continue;
-        double const low = fractionAt(place, rectangle.topLeft(), horizontal);
-        double const high = fractionAt(place, rectangle.bottomRight() + QPoint(1, 1), horizontal);
-        changed = axis.show(edit, place.content(), std::max(0.0, low), std::min(1.0, high)) || changed;
+        double const low = std::max(0.0, place.fraction(rectangle.topLeft(), horizontal));
+        double const high = std::min(1.0, place.fraction(rectangle.bottomRight() + QPoint(1, 1), horizontal));
+        changed = axis.range.show(edit, place.content(), axis.range.at(low), axis.range.at(high)) || changed;
     }
     edit.endStep();
     return changed;
@@ -178,9 +197,10 @@ bool FenChartNavigation::zoomTo(QRect const& rectangle, QPoint from)
 
 bool FenChartNavigation::fit(QPoint point)
 {
-    Place const place = placeAt(_scene, point);
-    if (!place.chart) return false;
-    FenUndoPropertyEdit& edit = _scene.propertyEdit();
+    FenVisScene& scene = _state->scene;
+    ChartPlace const place = fen::placeOf(scene, fen::chartAt(scene, point));
+    if (!place) return false;
+    FenUndoPropertyEdit& edit = scene.propertyEdit();
     edit.beginStep(QStringLiteral("Fit ") + place.chart->name());
     bool const changed = fitAxes(edit, *place.chart);
     edit.endStep();
@@ -189,58 +209,69 @@ bool FenChartNavigation::fit(QPoint point)
 
 bool FenChartNavigation::fitAll()
 {
-    FenUndoPropertyEdit& edit = _scene.propertyEdit();
+    FenUndoPropertyEdit& edit = _state->scene.propertyEdit();
     edit.beginStep(QStringLiteral("Fit all charts"));
     bool changed = false;
-    forEachChart(_scene.root(), [&](FenVisChart& chart) { changed = fitAxes(edit, chart) || changed; });
+    fen::forEachChart(_state->scene.root(),
+                      [&](FenVisChart& chart) { changed = fitAxes(edit, chart) || changed; });
     edit.endStep();
     return changed;
 }
 
-bool FenChartNavigation::canZoom(QPoint point) const { return placeAt(_scene, point).chart != nullptr; }
+bool FenChartNavigation::canZoom(QPoint point) const
+{
+    return bool(fen::placeOf(_state->scene, fen::chartAt(_state->scene, point)));
+}
 
 bool FenChartNavigation::beginDrag(QPoint point)
 {
-    if (_drag) return false;
-    auto drag = std::make_unique<Drag>();
-    drag->start = point;
-    drag->place = placeAt(_scene, point);
-    if (!drag->place.chart) return false;
-    drag->chart = drag->place.chart;
-    drag->axes = axesAt(drag->place, point);
-    if (drag->axes.empty()) return false;
-    _scene.propertyEdit().beginStep(QStringLiteral("Move ") + drag->place.chart->name());
-    _drag = std::move(drag);
+    State& state = *_state;
+    if (state.dragging) return false;
+    ChartPlace const place = fen::placeOf(state.scene, fen::chartAt(state.scene, point));
+    if (!place) return false;
+    state.grip.clear();
+    for (Moved const& axis : axesAt(place, point)) {
+        bool const horizontal = axis.range.horizontal();
+        double const value = axis.range.at(place.fraction(point, horizontal));
+        state.grip.push_back({place.chart, axis.axis, horizontal, value, point, false});
+    }
+    if (state.grip.empty()) return false;
+    FenUndoPropertyEdit& edit = state.scene.propertyEdit();
+    edit.beginStep(QStringLiteral("Move ") + place.chart->name());
+    edit.holdStep([this] { cancelDrag(); });
+    state.dragging = true;
+    state.dragged = place.chart;
     return true;
 }
 
 bool FenChartNavigation::drag(QPoint point)
 {
-    if (!_drag || !_drag->chart) return false;
-    FenUndoPropertyEdit& edit = _scene.propertyEdit();
-    QPoint const way = point - _drag->start;
+    State& state = *_state;
+    if (!state.dragging || !state.dragged) return false;
     bool changed = false;
-    FenOglViewport const& data = _drag->place.data;
-    for (NavigatedAxis const& axis : _drag->axes) {
-        double const moved =
-            axis.horizontal() ? double(way.x()) / data.width() : double(way.y()) / data.height();
-        changed = axis.show(edit, _drag->place.content(), -moved, 1 - moved) || changed;
+    state.held.clear();
+    for (Held& one : state.grip) {
+        one.point = point;
+        Held::Wish const wish = one.wish(state.scene);
+        if (!wish.range || !one.show(state.scene.propertyEdit(), wish, wish.range->extent())) continue;
+        state.held.push_back(one);
+        changed = true;
     }
     return changed;
 }
 
 void FenChartNavigation::endDrag()
 {
-    if (!_drag) return;
-    _drag.reset();
-    _scene.propertyEdit().endStep();
+    if (!_state->dragging) return;
+    _state->dragging = false;
+    _state->scene.propertyEdit().endStep();
 }
 
 void FenChartNavigation::cancelDrag()
 {
-    if (!_drag) return;
-    _drag.reset();
-    _scene.propertyEdit().cancelStep();
+    if (!_state->dragging) return;
+    _state->dragging = false;
+    _state->scene.propertyEdit().cancelStep();
 }
 
-bool FenChartNavigation::dragging() const { return bool(_drag); }
+bool FenChartNavigation::dragging() const { return _state->dragging; }

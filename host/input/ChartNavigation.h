@@ -14,8 +14,10 @@ class FenVisScene;
 ///
 /// Everything happens in the numbers the axis shows, in double; logarithmic
 /// axes are moved in their exponents. Points are [px] in the window, origin at
-/// the bottom left. Works on the layout of the scene's last update. The scene
-/// must outlive it.
+/// the bottom left. Starts from the ranges that were chosen last, drawn
+/// already or not; when a new layout moves what the pointer holds (wider labels
+/// take room from the data), the scene's update puts it back under the pointer.
+/// The scene must outlive it.
 class FENVIS_EXPORT FenChartNavigation {
 public:
     explicit FenChartNavigation(FenVisScene& scene);
@@ -49,7 +51,6 @@ public:
     bool canZoom(QPoint point) const;
 
 private:
-    struct Drag;
-    FenVisScene& _scene;
-    std::unique_ptr<Drag> _drag;
+    struct State;
+    std::unique_ptr<State> _state;
 };

@@ -74,7 +74,8 @@ bool FenMouseTracker::move(QPoint point)
     State& state = *_state;
     if (pressed()) return state.answer(state.drag(point));
     state.lastPoint = point;
-    if (state.may(Hover)) state.rest.start();
+    state.inside = true;
+    if (state.may(Hover)) state.hoverSoon();
     return false;
 }
 
@@ -97,12 +98,13 @@ bool FenMouseTracker::releaseLost(QPoint point)
     return release(point, _state->button) || redraw;
 }
 
-bool FenMouseTracker::doubleClick(QPoint point, Qt::MouseButton button)
+bool FenMouseTracker::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
     State& state = *_state;
-    bool const fits = !pressed() && button == Qt::LeftButton && state.may(DoubleClickFit);
+    bool const plain = button == Qt::LeftButton && !(modifiers & Qt::ShiftModifier);
+    bool const fits = !pressed() && plain && state.may(DoubleClickFit) && state.chartIsOnTop(point);
     if (fits && state.navigation.fit(point)) return state.answer(true);
-    return press(point, button);
+    return press(point, button, modifiers);
 }
 
 bool FenMouseTracker::wheel(QPoint point, double steps)
@@ -115,10 +117,16 @@ bool FenMouseTracker::wheel(QPoint point, double steps)
     return state.answer(true);
 }
 
+bool FenMouseTracker::takesWheel(QPoint point) const
+{
+    return pressed() || (_state->may(WheelZoom) && _state->navigation.canZoom(point));
+}
+
 bool FenMouseTracker::leave()
 {
     State& state = *_state;
     if (pressed()) return false; // a drag may come back
+    state.inside = false;
     state.rest.stop();
     return state.answer(state.unhover());
 }

@@ -19,8 +19,8 @@ class FenVisualization;
 /// Turns raw mouse events into calls of the nodes' event handlers.
 ///
 /// Knows no window: points are [px], origin at the bottom left. Hovering picks
-/// once the pointer has rested for a moment, at most once per turn of the event
-/// loop; moves in between are dropped. While a button is down nothing is
+/// once the pointer has rested for a moment, while it moves every 50 ms, and
+/// after the scene was updated; at most once per turn of the event loop. While a button is down nothing is
 /// picked: the drag and the release carry the hit of the press. What a node
 /// does not take goes to the navigation. The scene must outlive it.
 ///
@@ -58,7 +58,8 @@ public:
     void setOnSelect(std::function<void(FenVisHitProperty const& what)> selected);
     void setInteraction(Interaction interaction, bool enabled);
     bool interaction(Interaction interaction) const;
-    /// [ms] rest before a hover picks (30); 0 picks in the next turn of the event loop.
+    /// [ms] rest before a hover picks (30); above 50 also the longest wait while it moves; 0 picks in the
+    /// next turn of the event loop.
     void setHoverDelay(int milliseconds);
     /// [px] way that makes a press a drag (4).
     void setDragThreshold(int pixels);
@@ -72,9 +73,13 @@ public:
     bool release(QPoint point, Qt::MouseButton button);
     /// The button is up although nobody has said so: ends what it did without finishing it.
     bool releaseLost(QPoint point);
-    bool doubleClick(QPoint point, Qt::MouseButton button);
+    /// Fits the chart there, unless something lies upon it or shift is held: then it is a press.
+    bool doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {});
     /// @param steps  notches of the wheel, away from the user counts positive
     bool wheel(QPoint point, double steps);
+    /// True when a turn of the wheel there is meant for the scene, even when it changes nothing (the
+    /// limit of the zoom, a drag going on).
+    bool takesWheel(QPoint point) const;
     /// The pointer has left the window; during a drag it may come back.
     bool leave();
     /// Ends a drag and puts back what it changed (escape, loss of the window).

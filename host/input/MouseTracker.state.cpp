@@ -1,7 +1,10 @@
 #include "host/input/MouseTrackerState.h"
 
 #include "host/edit/UndoPropertyEdit.h"
+#include "host/input/ChartPlace.h"
 #include "host/scene/Scene.h"
+
+#include "charts/VisChart.h"
 #include "picking/hits/IVisEventHandler.h"
 #include "picking/hits/VisHitQualifiers.h"
 #include "services/properties/StringBuilder.h"
@@ -64,6 +67,28 @@ bool FenMouseTracker::State::tell(Hit& to, Call const& call)
     if (known.defined()) to.property = known;
     still->hitProperties() = present;
     return result;
+}
+
+bool FenMouseTracker::State::sceneUpdated()
+{
+    if (inside && button == Qt::NoButton && may(Hover) && !rest.isActive()) hoverSoon();
+    return false;
+}
+
+void FenMouseTracker::State::hoverSoon()
+{
+    if (!rest.isActive()) {
+        moving.start();
+        rest.start();
+    } else if (moving.elapsed() + rest.interval() < std::max(longestWait, rest.interval())) {
+        rest.start(); // moves again
+    }
+}
+
+bool FenMouseTracker::State::chartIsOnTop(QPoint point) const
+{
+    Hit const top = pick(point);
+    return !top || top.node == fen::chartAt(scene, point);
 }
 
 bool FenMouseTracker::State::hover()
@@ -175,6 +200,7 @@ bool FenMouseTracker::State::dragNode(QPoint point)
         return handler.OnMouseDrag(record, offset);
     });
     if (taken) phase = NodeDrags;
+    if (starts && taken) scene.propertyEdit().holdStep([this] { abandon(); });
     if (starts && !taken) scene.propertyEdit().endStep();
     return taken;
 }

@@ -4,12 +4,15 @@
 #include "host/edit/TreeSnapshot.h"
 #include "host/input/ChartNavigation.h"
 #include "host/input/MouseTracker.h"
+#include "host/scene/Scene.h"
+#include "host/scene/SceneObserver.h"
 #include "host/scene/VisPick.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 /// What a tracker remembers between events, and the steps that events share.
-struct FenMouseTracker::State {
+struct FenMouseTracker::State : IFenSceneObserver {
     /// The winner of one pick, kept until long after it: ask `source` in place of `node`, which may
     /// be gone. What its name stands for is kept, because a node's table is made anew by each pick.
     struct Hit : FenVisPick {
@@ -21,6 +24,7 @@ struct FenMouseTracker::State {
         }
         fen::view_ptr<FenVisualization const> source;
     };
+    static constexpr int longestWait = 50; // [ms]
     enum Phase {
         Idle, ///< no button
         Waiting, ///< pressed, not moved far enough for a drag
@@ -36,7 +40,9 @@ struct FenMouseTracker::State {
         , navigation(theScene)
     {
         rest.setInterval(30);
+        scene.addObserver(*this);
     }
+    ~State() { scene.removeObserver(*this); }
 
     bool may(unsigned any, unsigned other = 0) const { return (interactions & (any | other)) != 0; }
     bool draggingSomething() const
@@ -45,6 +51,13 @@ struct FenMouseTracker::State {
     }
     /// Tells the owner when a redraw is due, and passes the answer on.
     bool answer(bool redraw) const;
+
+    /// What lies under the pointer may be something else now.
+    bool sceneUpdated() override;
+    /// Picks when the pointer has rested, or moved for `longestWait`.
+    void hoverSoon();
+    /// True when the chart under a point is what a click there would hit.
+    bool chartIsOnTop(QPoint point) const;
 
     Hit pick(QPoint point) const;
     /// Picks at the last point and hovers what is there.
@@ -64,6 +77,8 @@ struct FenMouseTracker::State {
     int dragThreshold = 4; // [px]
     QSize pickSize = QSize(6, 6); // [px]
     QTimer rest; // fires when the pointer has rested
+    QElapsedTimer moving; // since the first move that no pick has followed
+    bool inside = false; // the pointer is over the window
 
     Phase phase = Idle;
     Qt::MouseButton button = Qt::NoButton;

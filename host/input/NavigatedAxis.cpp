@@ -26,22 +26,25 @@ bool usable(double min, double max)
 fen::NavigatedAxis::NavigatedAxis(FenChartAxis& axis, FenChartAxisScale const* scale, bool horizontal)
     : _axis(&axis)
     , _horizontal(horizontal)
-    , _min(scale ? scale->min() : axis.min.get())
-    , _max(scale ? scale->max() : axis.max.get())
+    , _logarithmic(scale && scale->logarithmic())
+    , _min(axis.min.get())
+    , _max(axis.max.get())
 {
-    _logarithmic = scale && scale->logarithmic() && _min > 0 && _max > 0;
+    bool const chosen = !axis.autoRange.get() && _min < _max && (!_logarithmic || _min > 0);
+    if (scale && !chosen) {
+        _min = scale->min();
+        _max = scale->max();
+    }
+    _logarithmic = _logarithmic && _min > 0 && _max > 0;
     if (!_logarithmic) return;
     _min = std::log10(_min);
     _max = std::log10(_max);
 }
 
-bool fen::NavigatedAxis::show(FenUndoPropertyEdit& edit, FenChart& chart, double from, double to) const
+bool fen::NavigatedAxis::show(FenUndoPropertyEdit& edit, FenChart& chart, double min, double max) const
 {
     FenChartAxis* const axis = _axis.get();
     if (!axis) return false;
-    double const extent = _max - _min;
-    double min = _min + from * extent;
-    double max = _min + to * extent;
     if (_logarithmic) {
         min = std::pow(10.0, min);
         max = std::pow(10.0, max);

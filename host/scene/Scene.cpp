@@ -1,9 +1,15 @@
 #include "host/scene/Scene.h"
 
+#include "host/Limits.h"
 #include "host/scene/SceneParts.h"
 #include "host/table/ChartKinds.h"
 
+#include "services/logging/Checks.h"
+
 namespace {
+
+constexpr char const* tooLarge = "The picture has no more than 16384 device pixels a side";
+static_assert(fen::limits::pictureSide == 16384, "as the text says");
 
 void touchAll(FenVisualization& node)
 {
@@ -70,13 +76,22 @@ void FenVisScene::insertNamed(std::unique_ptr<FenVisualization> node, QString co
 void FenVisScene::resize(QSize pixels, double devicePixelRatio)
 {
     bool const usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0;
-    FenOglViewport const viewport(0, 0, std::max(0, pixels.width()), std::max(0, pixels.height()));
     double const ratio = usable ? devicePixelRatio : 1;
+    double const most = double(fen::limits::pictureSide) / ratio;
+    FENVIS_WARN_UNLESS(std::max(pixels.width(), pixels.height()) <= most, tooLarge, "@line72");
+    auto const side = [&](int wanted) { return int(std::min(double(std::max(0, wanted)), most)); };
+    FenOglViewport const viewport(0, 0, side(pixels.width()), side(pixels.height()));
     _parts->layoutStale =
         _parts->layoutStale || !(viewport == _parts->viewport) || ratio != _parts->pixelRatio;
     _parts->viewport = viewport;
     _parts->pixelRatio = ratio;
 }
+
+FenTableRows& FenVisScene::tableRows() { return _parts->tableRows; }
+FenTableRows const& FenVisScene::tableRows() const { return _parts->tableRows; }
+
+void FenVisScene::addObserver(IFenSceneObserver& observer) { _parts->observers.push_back(&observer); }
+void FenVisScene::removeObserver(IFenSceneObserver& observer) { std::erase(_parts->observers, &observer); }
 
 bool FenVisScene::modified() const { return _parts->layoutStale || _parts->root.watcher().modified(); }
 

@@ -20,7 +20,9 @@ class FenOglCache;
 class FenOglGeometry;
 class FenOglText;
 class FenResource;
+class FenTableRows;
 class FenUndoPropertyEdit;
+class IFenSceneObserver;
 class QUndoStack;
 
 namespace fen {
@@ -80,7 +82,8 @@ public:
 
     // === Passes
 
-    /// @param pixels            [px] logical size of the picture; empty is allowed
+    /// @param pixels            [px] logical size of the picture; empty is allowed. More than
+    ///     `fen::limits::pictureSide` device pixels a side are cut, with a line in the log.
     /// @param devicePixelRatio  framebuffer pixels per logical one
     void resize(QSize pixels, double devicePixelRatio = 1);
     QSize size() const; ///< [px]
@@ -103,10 +106,17 @@ public:
     /// The OpenGL context has gone or another one is used from now on: forgets every OpenGL
     /// name without deleting it and marks all nodes modified.
     void contextChanged();
+    /// From now on `observer` is told after each update that did something, before anything is drawn.
+    void addObserver(IFenSceneObserver& observer);
+    void removeObserver(IFenSceneObserver& observer);
     /// Marks all nodes modified, so that the next `update` rebuilds everything.
     void touch();
 
     // === Services
+
+    /// Which rows of tables the points of variables are.
+    FenTableRows& tableRows();
+    FenTableRows const& tableRows() const;
 
     FenOglCache& cache();
     FenOglText& text();
@@ -117,5 +127,6 @@ public:
     FenUndoPropertyEdit& propertyEdit();
 
 private:
+    void updatePasses();
     void insertNamed(std::unique_ptr<FenVisualization> node, QString const& name);
 };

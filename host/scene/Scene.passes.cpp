@@ -155,6 +155,15 @@ void resizeChild(FenVisualization& child, FenVisualization::DrawContext const& c
 void FenVisScene::update()
 {
     if (!modified()) return;
+    updatePasses();
+    bool changed = false;
+    for (IFenSceneObserver* const observer : std::vector(_parts->observers))
+        changed = observer->sceneUpdated() || changed;
+    if (changed && modified()) updatePasses(); // once: what this moves again is less than a pixel
+}
+
+void FenVisScene::updatePasses()
+{
     Parts& parts = *_parts;
     Frame const frame(parts.cache, parts.pixelRatio);
     FenVisualization::DrawContext context = parts.drawContext(parts.passEdit, numberFormat);

@@ -4,6 +4,8 @@
 #include "framework/IVisPropertyEdit.h"
 #include "host/edit/UndoPropertyEdit.h"
 #include "host/scene/Scene.h"
+#include "host/scene/SceneObserver.h"
+#include "host/table/TableRows.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/OglText.h"
@@ -19,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 /// Editor of the update and resize passes: writes what a pass has found, silently. A text that
 /// is there already is no change.
@@ -50,6 +53,8 @@ struct FenVisScene::Parts {
     double pixelRatio = 1;
     bool layoutStale = true; // size or ratio differ from those of the last layout
     bool recordedWithoutContext = false;
+    std::vector<IFenSceneObserver*> observers;
+    FenTableRows tableRows;
 
     /// Context of an update, resize or draw pass over the whole picture.
     FenVisualization::DrawContext drawContext(boost::shared_ptr<IFenVisPropertyEdit> const& edit,

@@ -24,7 +24,7 @@ constexpr std::size_t legendEntries = 12; // a longer legend hides the chart, so
 constexpr char const leftAxis[] = "y";
 constexpr char const rightAxis[] = "y2";
 
-std::vector<double> valuesAt(std::vector<double> const& values, fen::Rows const& rows)
+std::vector<double> valuesAt(std::vector<double> const& values, std::vector<std::uint32_t> const& rows)
 {
     std::vector<double> chosen;
     chosen.reserve(rows.size());
@@ -110,6 +110,7 @@ private:
             if (selection.x) variable.setColumn(Vector3::CompX, FenChartColumn::share(selection.x->values));
             variable.setColumn(Vector3::CompY, FenChartColumn::share(series.column->values));
         }
+        _order.scene.tableRows().set(variable, _order.table.id(), series.rows);
         variable.yAxis.set(QString::fromLatin1(series.right ? rightAxis : leftAxis));
         // Style "none" leaves out points too, so no line is a line that is not drawn.
         bool const noLine = _options.style == FenChart::styleNone;

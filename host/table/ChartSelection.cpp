@@ -128,15 +128,17 @@ fen::RowGroups fen::groupRows(FenDataTable::Column const& column)
     fen::RowGroups groups;
     groups.names = column.categories;
     auto const without = std::size_t(groups.names.size());
-    groups.rows.resize(without + 1);
+    std::vector<std::vector<std::uint32_t>> rows(without + 1);
     for (std::size_t i = 0; i < column.values->size(); ++i) {
         double const value = (*column.values)[i];
-        groups.rows[std::isnan(value) ? without : std::size_t(value)].push_back(i);
+        rows[std::isnan(value) ? without : std::size_t(value)].push_back(std::uint32_t(i));
     }
-    if (groups.rows[without].empty())
-        groups.rows.pop_back();
+    if (rows[without].empty())
+        rows.pop_back();
     else
         groups.names.append(QStringLiteral("(none)"));
+    for (auto& one : rows)
+        groups.rows.push_back(std::make_shared<std::vector<std::uint32_t> const>(std::move(one)));
     return groups;
 }
 
@@ -152,7 +154,7 @@ std::vector<fen::ChartSeries> fen::chartSeries(fen::ChartSelection const& select
         for (qsizetype i = 0; i < groups.names.size(); ++i) {
             QString const name =
                 whole.size() == 1 ? groups.names[i] : of.name + QLatin1Char(' ') + groups.names[i];
-            parts.push_back({name, of.column, of.right, &groups.rows[std::size_t(i)]});
+            parts.push_back({name, of.column, of.right, groups.rows[std::size_t(i)]});
         }
     }
     return parts;

@@ -27,8 +27,8 @@ struct ChartSelection {
 /// @return empty, or what is wrong
 QString selectColumns(FenDataTable const& table, FenChartOptions const& options, ChartSelection& selection);
 
-/// Row indices of one group.
-typedef std::vector<std::size_t> Rows;
+/// Row numbers of one group; null: all rows.
+typedef FenTableRows::Numbers Rows;
 
 /// A group of rows for each text of a column, one more for the rows without any.
 struct RowGroups {
@@ -43,7 +43,7 @@ struct ChartSeries {
     QString name;
     FenDataTable::Column const* column;
     bool right; ///< on the right axis
-    Rows const* rows; ///< null: all
+    Rows rows;
 };
 
 /// Column by column, and group by group within a column.

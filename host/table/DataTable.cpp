@@ -253,6 +253,7 @@ bool FenDataTable::parse(std::string_view text, QString const& name, FenDataTabl
 {
     QString message;
     FenDataTable read;
+    read._id = std::make_shared<FenTableId>(FenTableId{name});
     try {
         message = readInto(text, read._rows, read._columns);
     } catch (std::bad_alloc const&) {

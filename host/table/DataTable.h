@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../services/logging/Export.h"
+#include "TableRows.h"
 
 #include <QString>
 #include <QStringList>
@@ -43,6 +44,8 @@ public:
     /// @param name  stands for the file in error messages
     static bool parse(std::string_view text, QString const& name, FenDataTable& table, QString& error);
 
+    /// What the table is known by.
+    std::shared_ptr<FenTableId const> const& id() const { return _id; }
     std::size_t rows() const { return _rows; }
     std::size_t columns() const { return _columns.size(); }
     Column const& column(std::size_t index) const { return _columns[index]; }
@@ -55,6 +58,7 @@ public:
     bool append(QString const& name, Kind kind, std::vector<double> values);
 
 private:
+    std::shared_ptr<FenTableId const> _id = std::make_shared<FenTableId>();
     std::size_t _rows = 0;
     std::vector<Column> _columns;
 };

@@ -2,6 +2,8 @@
 
 #include "host/scene/Scene.h"
 
+#include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -13,6 +15,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -121,6 +124,12 @@ bool FenVisWidget::event(QEvent* event)
     case QEvent::FocusOut:
         _tracker->cancel(); // the release may go to somebody else
         break;
+    case QEvent::Show:
+        update(); // what changed while it was hidden
+        break;
+    case QEvent::ContextMenu:
+        if (delaysMenu(*static_cast<QContextMenuEvent*>(event))) return true;
+        break;
     case QEvent::ToolTip:
         return true; // ours follow the hovered thing, not Qt's timer
     default:
@@ -144,21 +153,32 @@ void FenVisWidget::mouseMoveEvent(QMouseEvent* event)
 
 void FenVisWidget::mouseReleaseEvent(QMouseEvent* event)
 {
+    bool const click = !_tracker->dragging();
     _tracker->release(fromWidget(event->position()), event->button());
+    if (event->button() != Qt::RightButton || !std::exchange(_menuWaits, false) || !click) return;
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, event->position().toPoint(),
+                           event->globalPosition().toPoint(), event->modifiers());
+    QCoreApplication::sendEvent(this, &menu);
+}
+
+bool FenVisWidget::delaysMenu(QContextMenuEvent const& event)
+{
+    bool const ofPress = event.reason() == QContextMenuEvent::Mouse && _tracker->pressed();
+    _menuWaits = ofPress && _tracker->interaction(FenMouseTracker::RubberBand);
+    return _menuWaits;
 }
 
 void FenVisWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    _tracker->doubleClick(fromWidget(event->position()), event->button());
+    _tracker->doubleClick(fromWidget(event->position()), event->button(), event->modifiers());
 }
 
 void FenVisWidget::wheelEvent(QWheelEvent* event)
 {
     double const steps = event->angleDelta().y() / (degreesPerNotch * eighthsPerDegree);
-    if (_tracker->wheel(fromWidget(event->position()), steps))
-        event->accept();
-    else
-        event->ignore(); // for a scroll area around
+    QPoint const point = fromWidget(event->position());
+    _tracker->wheel(point, steps);
+    event->setAccepted(_tracker->takesWheel(point)); // any other is for a scroll area around
 }
 
 void FenVisWidget::leaveEvent(QEvent* event)

@@ -50,8 +50,12 @@ private:
     QPoint toWidget(QPoint const& point) const;
     void showTooltip(QString const& text, QPoint const& at);
     void showRubberBand(QRect const& rectangle);
+    /// A press of the right button may begin a rubber band: its menu comes with the release, and
+    /// none after a drag.
+    bool delaysMenu(QContextMenuEvent const& event);
 
     std::unique_ptr<FenVisScene> _scene;
     std::unique_ptr<FenMouseTracker> _tracker;
     QRubberBand* _rubberBand = nullptr; // made when first needed; child of this
+    bool _menuWaits = false; // for the release of the right button
 };

@@ -126,6 +126,13 @@ TEST_F(UndoPropertyEditTest, StepsOutliveTheirNodes)
     scene.root().erase(&other);
     edit.endStep();
     EXPECT_EQ(1, steps.count());
+
+    // Whoever listens to the stack may delete what was edited.
+    FenVisChart2D& third = scene.add<FenVisChart2D>(QStringLiteral("third"));
+    QObject::connect(&steps, &QUndoStack::indexChanged,
+                     [&](int) { scene.root().erase(scene.root().back()); });
+    edit.edit(third, third.layer.name(), QStringLiteral("3"));
+    EXPECT_EQ(0u, scene.root().size());
 }
 
 } // namespace

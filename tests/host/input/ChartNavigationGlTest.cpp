@@ -69,19 +69,68 @@ protected:
 TEST_F(ChartNavigationGlTest, ZoomingKeepsTheValueUnderThePointer)
 {
     double const pixel = 10.0 / plot->getDataViewport().width();
-    EXPECT_TRUE(navigation->zoom(at(0.25, 0.5), 0.5));
+    QPoint const pointer = at(0.25, 0.5);
+    EXPECT_TRUE(navigation->zoom(pointer, 0.5));
     EXPECT_NEAR(1.25, x()->min.get(), pixel);
     EXPECT_NEAR(6.25, x()->max.get(), pixel);
     EXPECT_NEAR(25, y()->min.get(), 10 * pixel);
     EXPECT_NEAR(50, y()->max.get() - y()->min.get(), 1e-9);
     layOut();
-    EXPECT_TRUE(navigation->zoom(at(0.25, 0.5), 2));
+    EXPECT_TRUE(navigation->zoom(pointer, 2));
+    layOut();
     EXPECT_NEAR(0, x()->min.get(), pixel);
     EXPECT_NEAR(10, x()->max.get(), pixel);
     EXPECT_EQ(1, scene->undoStack().count()) << "notches of one gesture join";
     scene->undoStack().undo();
     EXPECT_EQ(0, x()->min.get());
     EXPECT_EQ(10, x()->max.get());
+}
+
+TEST_F(ChartNavigationGlTest, WhatHappensBetweenTwoFramesAddsUp)
+{
+    for (int notch = 0; notch < 6; ++notch) EXPECT_TRUE(navigation->zoom(at(0.5, 0.5), 0.8));
+    double const extent = 10 * std::pow(0.8, 6);
+    EXPECT_NEAR(extent, x()->max.get() - x()->min.get(), 1e-9);
+    double const before = x()->min.get();
+    EXPECT_TRUE(navigation->beginDrag(at(0.5, 0.5)));
+    EXPECT_TRUE(navigation->drag(at(0.75, 0.5)));
+    navigation->endDrag();
+    EXPECT_NEAR(extent, x()->max.get() - x()->min.get(), 1e-9) << "the zoom is not lost";
+    EXPECT_NEAR(before - 0.25 * extent, x()->min.get(), 0.01 * extent);
+}
+
+TEST_F(ChartNavigationGlTest, WiderLabelsDoNotMoveTheValueUnderThePointer)
+{
+    QPoint const pointer = at(0.2, 0.5);
+    auto const valueThere = [&] {
+        FenOglViewport const data = plot->getDataViewport();
+        double const fraction = double(pointer.x() - data.x()) / data.width();
+        return x()->min.get() + fraction * (x()->max.get() - x()->min.get());
+    };
+    int const left = plot->getDataViewport().x();
+    setRange(*y(), 0, 9);
+    layOut();
+    double const moved = valueThere();
+    EXPECT_TRUE(navigation->zoom(pointer, 2000));
+    layOut();
+    EXPECT_NE(left, plot->getDataViewport().x());
+    EXPECT_NEAR(moved, valueThere(), 0.1 * (x()->max.get() - x()->min.get()) / 400);
+    EXPECT_EQ(1, scene->undoStack().count()) << "one step with its correction";
+}
+
+TEST_F(ChartNavigationGlTest, UndoDuringADragCancelsItAndNothingElse)
+{
+    EXPECT_TRUE(navigation->zoom(at(0.5, 0.5), 0.5));
+    layOut();
+    double const min = x()->min.get();
+    EXPECT_TRUE(navigation->beginDrag(at(0.5, 0.5)));
+    EXPECT_TRUE(navigation->drag(at(0.9, 0.5)));
+    scene->undoStack().undo();
+    EXPECT_EQ(min, x()->min.get());
+    EXPECT_FALSE(navigation->drag(at(0.1, 0.5)));
+    EXPECT_EQ(1, scene->undoStack().count());
+    scene->undoStack().undo();
+    EXPECT_EQ(0, x()->min.get());
 }
 
 TEST_F(ChartNavigationGlTest, UndoingAFitBringsTheZoomBack)

@@ -96,6 +96,29 @@ TEST_F(MouseTrackerGlTest, ManyMovesInOneTurnOfTheEventLoopMakeOnePick)
     EXPECT_EQ(1, node->picks) << "the pointer has not rested yet";
 }
 
+TEST_F(MouseTrackerGlTest, PicksWhileThePointerMovesAndAfterAnUpdate)
+{
+    tracker->setHoverDelay(30);
+    QElapsedTimer patience;
+    patience.start();
+    auto const morePicks = [&](int wanted, bool moving) {
+        while (node->picks < wanted && patience.elapsed() < 5000) {
+            if (moving) tracker->move(onFirst + QPoint(int(patience.elapsed()) % 3, 0));
+            QCoreApplication::processEvents();
+        }
+        return node->picks >= wanted;
+    };
+    EXPECT_TRUE(morePicks(2, true)) << "it never rests";
+    tracker->flush();
+    node->takeCalls();
+    int const before = node->picks;
+    node->squares[0].moveLeft(200); // live data
+    node->modify();
+    scene->update();
+    EXPECT_TRUE(morePicks(before + 1, false));
+    EXPECT_EQ(QStringList({"leave 1"}), node->takeCalls());
+}
+
 TEST_F(MouseTrackerGlTest, AClickSelectsAndAShakyHandIsNoDrag)
 {
     FenVisHitProperty selected;
@@ -140,6 +163,13 @@ TEST_F(MouseTrackerGlTest, EscapePutsBackWhatADragHasChanged)
     tracker->move(QPoint(200, 15));
     tracker->release(QPoint(200, 15), Qt::LeftButton);
     EXPECT_TRUE(node->takeCalls().isEmpty());
+
+    dragFromFirst(onSecond);
+    scene->undoStack().undo(); // the same by the menu
+    EXPECT_EQ(QStringList({"release 1"}), node->takeCalls());
+    EXPECT_EQ(0, scene->undoStack().count());
+    EXPECT_FALSE(scene->propertyEdit().stepOpen());
+    tracker->release(onSecond, Qt::LeftButton);
 
     node->takesDrags = false; // a refused drag is offered again
     dragFromFirst(onSecond);
@@ -208,6 +238,12 @@ TEST_F(MouseTrackerGlTest, ALegendIsDraggedAsOneStepAndEscapeLetsItStay)
         EXPECT_EQ(before.x() + way, draw().x());
         return from + QPoint(way, 0);
     };
+    plot.chart.xAxes.first()->autoRange.set(false);
+    tracker->doubleClick(middle(), Qt::LeftButton);
+    tracker->release(middle(), Qt::LeftButton);
+    EXPECT_FALSE(plot.chart.xAxes.first()->autoRange.get()) << "it is not the chart that was meant";
+    plot.chart.xAxes.first()->autoRange.set(true);
+
     drag();
     tracker->cancel();
     EXPECT_EQ(before, draw());

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QOpenGLContext>
 #include <QRubberBand>
@@ -191,6 +192,37 @@ TEST_F(VisWidgetTest, ARubberBandShowsItselfAndZooms)
     QTest::mouseDClick(widget, Qt::LeftButton, {}, at(0.5, 0.8));
     EXPECT_TRUE(x()->autoRange.get()) << "a double click fits";
     EXPECT_FALSE(widget->tracker().pressed());
+}
+
+TEST_F(VisWidgetTest, AMenuComesWithAClickAndNotWithADrag)
+{
+    int menus = 0;
+    widget->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(widget, &QWidget::customContextMenuRequested, widget, [&] { ++menus; });
+    auto const pressAt = [&](QPoint point) { // as the window system does it
+        QTest::mousePress(widget, Qt::RightButton, {}, point);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, point, widget->mapToGlobal(point));
+        QApplication::sendEvent(widget, &event);
+    };
+    pressAt(at(0.2, 0.8));
+    for (int i = 1; i <= 4; ++i) moveHeld(at(0.2 + 0.1 * i, 0.5), Qt::RightButton);
+    QTest::mouseRelease(widget, Qt::RightButton, {}, at(0.6, 0.5));
+    EXPECT_EQ(0, menus);
+    pressAt(at(0.5, 0.5));
+    EXPECT_EQ(0, menus);
+    QTest::mouseRelease(widget, Qt::RightButton, {}, at(0.5, 0.5));
+    EXPECT_EQ(1, menus);
+}
+
+TEST_F(VisWidgetTest, HiddenInADragItShowsWhatWasBefore)
+{
+    drag(at(0.5, 0.5), at(0.8, 0.5));
+    host.hide();
+    EXPECT_EQ(0, x()->min.get());
+    bool drawn = false;
+    QObject::connect(widget, &QOpenGLWidget::frameSwapped, widget, [&] { drawn = true; });
+    host.show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return drawn; }));
 }
 
 TEST_F(VisWidgetTest, InAnotherWindowItDrawsTheSamePicture)
