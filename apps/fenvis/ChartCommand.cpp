@@ -2,9 +2,28 @@
 #include "apps/fenvis/TableChart.h"
 
 #include "host/output/FileOutput.h"
+#include "host/output/MessageText.h"
 #include "host/scene/Scene.h"
 
 #include <QCommandLineParser>
+#include <QFile>
+
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+/// True when both are there and are one regular file, through whatever links.
+bool sameFile(QString const& a, QString const& b)
+{
+    std::error_code ignored;
+    std::filesystem::path const first(QFile::encodeName(a).toStdString());
+    std::filesystem::path const second(QFile::encodeName(b).toStdString());
+    return std::filesystem::is_regular_file(first, ignored)
+        && std::filesystem::equivalent(first, second, ignored);
+}
+
+} // namespace
 
 QList<QCommandLineOption> command::chartOptions()
 {
@@ -20,6 +39,11 @@ int command::runChart(Call const& call, Command const& self)
     if (!parse(call, self, 1, 1, parser, status)) return status;
     if (!parser.isSet(QStringLiteral("o"))) return wrongUsage(self, QStringLiteral("-o FILE is missing"));
 
+    QString const output = parser.value(QStringLiteral("o"));
+    if (sameFile(output, parser.positionalArguments().first()))
+        return badInput(fen::messageText(output)
+                        + QStringLiteral(": is the table itself; -o has to name another file"));
+
     TableChart chart;
     if (std::optional<int> const failure = chart.prepare(call, self, parser)) return *failure;
     FenVisScene scene;
@@ -27,6 +51,6 @@ int command::runChart(Call const& call, Command const& self)
     QByteArray const png = pngBytes(chart.canvas->draw(scene, chart.picture));
     if (png.isEmpty()) return badInput(QStringLiteral("fenvis: not enough memory for the picture"));
     QString error;
-    if (!fen::writeFile(parser.value(QStringLiteral("o")), png, error)) return badInput(error);
+    if (!fen::writeFile(output, png, error)) return badInput(error);
     return Success;
 }

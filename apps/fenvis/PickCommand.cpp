@@ -2,10 +2,13 @@
 #include "apps/fenvis/TableChart.h"
 
 #include "host/scene/Scene.h"
+#include "host/table/TableRows.h"
 
 #include "framework/Visualization.h"
 #include "picking/hits/IVisEventHandler.h"
+#include "picking/hits/VisHitQualifiers.h"
 #include "picking/hits/VisHitRecordList.h"
+#include "services/chartdata/ChartVariable.h"
 #include "services/properties/StringBuilder.h"
 
 #include <QCommandLineParser>
@@ -20,25 +23,47 @@ namespace {
 
 constexpr int pickExtent = 6; // [px] of the pick region
 
-QJsonObject recordObject(FenVisualization const* source, FenVisHitRecord const& record)
+/// What selection mode tells is a whole number of 2^32 parts; six digits of it mean something.
+double withoutNoise(double depth) { return std::round(depth * 1e6) / 1e6; }
+
+/// Numbers of a data point [data] and the row of the table that it comes from.
+void addPoint(FenVisScene const& scene, FenVisHitProperty const& hit, QJsonObject& object)
+{
+    auto const* const variable =
+        hit.defined() ? dynamic_cast<FenChartVariable const*>(hit.property) : nullptr;
+    auto const* const point = dynamic_cast<FenVisHitDataPointQualifier const*>(hit.qualifier.get());
+    if (!variable || !point) return;
+    QJsonObject data;
+    data[QStringLiteral("x")] = variable->value(Kes::Math::Vector3::CompX, point->dataPointIdx);
+    data[QStringLiteral("y")] = variable->value(Kes::Math::Vector3::CompY, point->dataPointIdx);
+    if (variable->column(Kes::Math::Vector3::CompZ))
+        data[QStringLiteral("z")] = variable->value(Kes::Math::Vector3::CompZ, point->dataPointIdx);
+    object[QStringLiteral("data")] = data;
+    if (std::optional<FenTableRow> const row = scene.tableRows().row(hit))
+        object[QStringLiteral("row")] = qint64(row->row);
+}
+
+QJsonObject recordObject(FenVisScene const& scene, FenVisualization const* source,
+                         FenVisHitRecord const& record)
 {
     FenVisHitProperty const hit = source ? source->hitProperty(record.context()) : FenVisHitProperty();
     QJsonObject object;
     object[QStringLiteral("name")] = qint64(record.context());
-    object[QStringLiteral("depth")] = record.depth();
+    object[QStringLiteral("depth")] = withoutNoise(record.depth());
     object[QStringLiteral("item")] = hit.defined() ? QJsonValue(hit.property->name()) : QJsonValue();
     object[QStringLiteral("qualifier")] =
         hit.qualifier ? QJsonValue(hit.qualifier->toString()) : QJsonValue();
+    addPoint(scene, hit, object);
     return object;
 }
 
-QJsonArray hitsArray(FenVisHitRecordList const& list)
+QJsonArray hitsArray(FenVisScene const& scene, FenVisHitRecordList const& list)
 {
     QJsonArray hits;
     for (unsigned i = 0; i < list.size(); ++i) {
         QJsonArray records;
         for (FenVisHitRecord const& record : list.records(i))
-            records.append(recordObject(list.source(i), record));
+            records.append(recordObject(scene, list.source(i), record));
         QJsonObject node;
         node[QStringLiteral("node")] = list.source(i) ? QJsonValue(list.source(i)->name()) : QJsonValue();
         node[QStringLiteral("layer")] = list.layer(i);
@@ -53,7 +78,7 @@ QJsonObject pickObject(FenVisScene& scene, QPoint point)
 {
     FenVisHitRecordList const list = scene.select(point, QSize(pickExtent, pickExtent));
     QJsonObject object;
-    object[QStringLiteral("hits")] = hitsArray(list);
+    object[QStringLiteral("hits")] = hitsArray(scene, list);
     object[QStringLiteral("top")] = QJsonValue();
     object[QStringLiteral("tooltip")] = QString();
     FenVisPick const picked(list);
@@ -61,7 +86,8 @@ QJsonObject pickObject(FenVisScene& scene, QPoint point)
     QString tooltip;
     if (auto const live = picked.handler.lock())
         live->OnMouseOver(picked.record, FenStringBuilder(scene.numberFormat), tooltip);
-    QJsonObject top = recordObject(picked.node, picked.record); // the handler has made out the data point
+    // By now the handler has made out the data point.
+    QJsonObject top = recordObject(scene, picked.node, picked.record);
     top[QStringLiteral("node")] = picked.node->name();
     object[QStringLiteral("top")] = top;
     object[QStringLiteral("tooltip")] = tooltip;

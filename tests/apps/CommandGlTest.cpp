@@ -145,6 +145,10 @@ TEST_F(CommandGlTest, PickFindsWhatTheChartShows)
             EXPECT_TRUE(qualifier.startsWith(QStringLiteral("dataPointIdx("))) << qualifier.toStdString();
             EXPECT_TRUE(
                 object[QStringLiteral("tooltip")].toString().startsWith(QStringLiteral("body_mass_g { ")));
+            QJsonObject const data = top[QStringLiteral("data")].toObject();
+            EXPECT_GT(data[QStringLiteral("y")].toDouble(), 2000);
+            EXPECT_EQ(0.5, top[QStringLiteral("depth")].toDouble());
+            EXPECT_EQ(qualifier, QStringLiteral("dataPointIdx(%1)").arg(top[QStringLiteral("row")].toInt()));
             ++points;
             break;
         }
@@ -180,6 +184,8 @@ TEST_F(CommandGlTest, BadInputGivesOneMessageAndNoFile)
          "fenvis: a picture of 0x0 at scale 1 cannot be drawn: from 1 to 16384 pixels a side\n"},
         {"good.csv --scale -1",
          "fenvis: a picture of 1280x800 at scale -1 cannot be drawn: from 1 to 16384 pixels a side\n"},
+        {"good.csv -o folder/../good.csv",
+         "folder/../good.csv: is the table itself; -o has to name another file\n"},
         {"good.csv -o missing/out.png", "missing/out.png: cannot write: No such file or directory\n"},
         {"good.csv -o /dev/full", "/dev/full: cannot write: No space left on device\n"},
     };

@@ -106,6 +106,10 @@ TEST_F(SceneGlTest, SizesAndContextsMayBeMissing)
             draw(scene, size, ratio);
         scene.select(QPoint(0, 0), QSize());
     }
+    constexpr int largest = std::numeric_limits<int>::max();
+    scene.resize(QSize(largest, largest), 2);
+    EXPECT_EQ(QSize(8192, 8192), scene.size());
+    EXPECT_EQ(1, log.take().size());
     context().doneCurrent();
     FenVisScene early;
     addChart(early);

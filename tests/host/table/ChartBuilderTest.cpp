@@ -3,6 +3,7 @@
 #include "host/scene/Theme.h"
 #include "host/table/ChartArguments.h"
 #include "host/table/DataTable.h"
+#include "host/table/TableRows.h"
 
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
@@ -106,6 +107,22 @@ TEST_F(ChartBuilder, SharesColumnsAndSplitsGroupsByRow)
     chart = build(from, "--x high --y wind --group kind");
     EXPECT_EQ((std::vector<double>{10, 12}), chart->chart.variables[0].data(Vector3::CompX));
     EXPECT_EQ((std::vector<double>{3, 5}), chart->chart.variables[0].data(Vector3::CompY));
+}
+
+TEST_F(ChartBuilder, PointsOfOneRowAreKnownInEveryVariable)
+{
+    FenDataTable const from = weather();
+    FenVisChart2D* const whole = build(from, "--y low");
+    FenVisChart2D* const groups = build(from, "--y wind --group kind");
+    auto const row = [&](FenVisChart2D* chart, unsigned variable, std::size_t point) {
+        return scene.tableRows().row(&chart->chart.variables[variable], point);
+    };
+    EXPECT_EQ(2U, row(whole, 0, 2)->row);
+    EXPECT_EQ(row(whole, 0, 2), row(groups, 0, 1)) << "the second day of sun is the third day";
+    EXPECT_EQ(from.id(), row(groups, 1, 0)->table);
+    EXPECT_FALSE(row(groups, 1, 7));
+    FenChartVariable const stranger(scene.group());
+    EXPECT_FALSE(scene.tableRows().row(&stranger, 0));
 }
 
 TEST_F(ChartBuilder, ChoosesAxesThatFitTheColumns)
