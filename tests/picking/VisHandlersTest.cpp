@@ -48,18 +48,15 @@ struct VisHandlers : testing::Test {
 TEST_F(VisHandlers, HoverEntersOnceAndLeavesOnce)
 {
     EXPECT_FALSE(handler->OnMouseLeave(itself, {}, tooltip)); // nothing is hovered yet
-    EXPECT_TRUE(handler->OnMouseOver(itself, {}, tooltip));
-    EXPECT_EQ("chart", tooltip);
+    EXPECT_TRUE(handler->OnMouseOver(itself, {}, tooltip) && tooltip == "chart");
     EXPECT_FALSE(handler->OnMouseOver(itself, {}, tooltip));
     EXPECT_TRUE(handler->OnMouseOver(part, {}, tooltip));
     EXPECT_FALSE(handler->OnMouseLeave(itself, {}, tooltip)); // not what is hovered
-    EXPECT_TRUE(handler->OnMouseLeave(part, {}, tooltip));
-    EXPECT_TRUE(tooltip.isNull());
+    EXPECT_TRUE(handler->OnMouseLeave(part, {}, tooltip) && tooltip.isNull());
     EXPECT_FALSE(handler->OnMouseLeave(part, {}, tooltip));
     handler->OnMouseOver(itself, {}, tooltip);
     tooltip = "of somebody else";
-    EXPECT_TRUE(handler->OnMouseLeave(itself, {}, tooltip));
-    EXPECT_EQ("of somebody else", tooltip);
+    EXPECT_TRUE(handler->OnMouseLeave(itself, {}, tooltip) && tooltip == "of somebody else");
 }
 
 TEST_F(VisHandlers, HoverIgnoresStaleNamesDeadOwnersAndADeadNode)
@@ -72,11 +69,10 @@ TEST_F(VisHandlers, HoverIgnoresStaleNamesDeadOwnersAndADeadNode)
         EXPECT_TRUE(handler->OnMouseOver(unknown, {}, tooltip));
     }
     EXPECT_FALSE(handler->hovered().defined());
-    EXPECT_FALSE(handler->OnMouseOver(unknown, {}, tooltip));
-    EXPECT_FALSE(handler->OnMouseLeave(unknown, {}, tooltip));
-    node.reset();
-    EXPECT_FALSE(handler->OnMouseOver(itself, {}, tooltip));
-    EXPECT_FALSE(handler->OnMouseLeave(itself, {}, tooltip));
+    for (FenVisHitRecord const& hit : {unknown, itself}) {
+        EXPECT_FALSE(handler->OnMouseOver(hit, {}, tooltip) || handler->OnMouseLeave(hit, {}, tooltip));
+        node.reset();
+    }
     handler.reset();
     EXPECT_TRUE(hits.handler(0).expired()); // a hit list keeps no handler alive
 }

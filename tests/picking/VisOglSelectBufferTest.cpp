@@ -28,14 +28,6 @@ constexpr char const* extraName = "WARNING: _count <= 1 && \"We have inadvertent
 
 constexpr char const* tooLarge = "WARNING: hits <= mostHits && ";
 
-QString describe(std::vector<FenVisHitRecord> const& records)
-{
-    QString text;
-    for (FenVisHitRecord const& record : records)
-        text += QString("%1@%2 ").arg(record.context()).arg(record.depth());
-    return text;
-}
-
 } // namespace
 
 TEST(VisOglSelectBuffer, ReadsCompleteNamedRecordsOnly)

@@ -66,6 +66,15 @@ private:
     QStringList* _passes;
 };
 
+/// Hit records as texts "name@depth ", with depths of few digits.
+inline QString describe(std::vector<FenVisHitRecord> const& records)
+{
+    QString text;
+    for (FenVisHitRecord const& record : records)
+        text += QString("%1@%2 ").arg(record.context()).arg(record.depth(), 0, 'g', 3);
+    return text;
+}
+
 /// What contexts refer to, and contexts of a size.
 struct Passes {
     FenVisualization::DrawContext draw() { return {geometry, cache, resource, viewport, text, {}, {}}; }

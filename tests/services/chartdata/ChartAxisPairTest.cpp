@@ -18,23 +18,18 @@ TEST(ChartAxisPair, SetsReplacesAndRemovesAxes)
 {
     FenModifiedGroup group;
     FenChartAxisPair pair(group);
-    EXPECT_EQ(pair.first(), nullptr);
-    EXPECT_EQ(pair.second(), nullptr);
-    EXPECT_EQ(pair.resolve(""), nullptr);
+    EXPECT_TRUE(!pair.first() && !pair.second() && !pair.resolve(""));
     EXPECT_TRUE(dynamic_cast<FenChartAxisContinuous*>(pair.setFirst("a", continuous)));
     EXPECT_TRUE(dynamic_cast<FenChartAxisDiscrete*>(pair.setSecond("b", discrete)));
     EXPECT_EQ(pair.names(), QStringList({"a", "b"}));
-    EXPECT_EQ(pair.find("b"), pair.second());
-    EXPECT_EQ(pair.find("c"), nullptr);
+    EXPECT_TRUE(pair.find("b") == pair.second() && !pair.find("c"));
     EXPECT_EQ(pair.resolve(""), pair.first());
     fen::view_ptr<FenChartAxis> const old(pair.first());
     EXPECT_EQ(pair.setFirst("c", discrete)->type(), discrete);
     EXPECT_FALSE(old);
-    EXPECT_EQ(pair.setFirst("", ""), nullptr);
-    EXPECT_EQ(pair.first(), nullptr);
+    EXPECT_TRUE(!pair.setFirst("", "") && !pair.first());
     EXPECT_EQ(pair.resolve(""), pair.second()) << "the first axis there is";
-    EXPECT_TRUE(pair.erase(pair.second()));
-    EXPECT_EQ(pair.second(), nullptr);
+    EXPECT_TRUE(pair.erase(pair.second()) && !pair.second());
 }
 
 TEST(ChartAxisPair, RefusesUnknownTypesTakenNamesAndAThirdAxis)
@@ -44,9 +39,8 @@ TEST(ChartAxisPair, RefusesUnknownTypesTakenNamesAndAThirdAxis)
     FenChartAxisPair pair(group);
     FenChartAxis* const first = pair.setFirst("a", continuous);
     log.expect("Failed to create chart axis");
-    EXPECT_EQ(pair.setFirst("x", "chart.axis.unheard"), nullptr);
+    EXPECT_TRUE(!pair.setFirst("x", "chart.axis.unheard") && !pair.setSecond("a", continuous));
     EXPECT_EQ(pair.first(), first);
-    EXPECT_EQ(pair.setSecond("a", continuous), nullptr);
     EXPECT_EQ(pair.child("b", "chart.axis.unheard"), nullptr);
     EXPECT_EQ(log.errors().size(), 3);
     EXPECT_TRUE(pair.child("b", discrete)) << "as a scene file makes it";
@@ -55,8 +49,7 @@ TEST(ChartAxisPair, RefusesUnknownTypesTakenNamesAndAThirdAxis)
     FenProperties plain(group);
     EXPECT_FALSE(pair.insert(&plain, true));
     std::unique_ptr<FenProperties> const removed(pair.first());
-    EXPECT_TRUE(pair.remove(removed.get()));
-    EXPECT_EQ(pair.first(), nullptr);
+    EXPECT_TRUE(pair.remove(removed.get()) && !pair.first());
 }
 
 TEST(ChartAxisPair, CopiesAndAssignsItsOwnAxes)
@@ -66,9 +59,7 @@ TEST(ChartAxisPair, CopiesAndAssignsItsOwnAxes)
     source.setSecond("right", continuous)->title.set("T");
     FenChartAxisPair const copy(source);
     EXPECT_EQ(copy.comp(), Kes::Math::Vector3::CompY);
-    EXPECT_EQ(copy.first(), nullptr);
-    ASSERT_TRUE(copy.second());
-    EXPECT_NE(copy.second(), source.second());
+    ASSERT_TRUE(!copy.first() && copy.second() && copy.second() != source.second());
     EXPECT_EQ(copy.second()->title.get(), "T");
     target.setFirst("left", discrete);
     target = source;

@@ -6,14 +6,16 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <tuple>
 
 namespace {
 
+typedef std::vector<double> Values;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 double const notANumber = std::nan("");
 
 /// Extremes by looking at every value, to compare with.
-FenChartColumn::Range slowRange(std::vector<double> const& values, std::size_t first, std::size_t last)
+FenChartColumn::Range slowRange(Values const& values, std::size_t first, std::size_t last)
 {
     FenChartColumn::Range range;
     for (std::size_t i = first; i < std::min(last, values.size()); ++i) {
@@ -28,19 +30,30 @@ FenChartColumn::Range slowRange(std::vector<double> const& values, std::size_t f
     return range;
 }
 
-void expectRange(FenChartColumn::Range const& a, FenChartColumn::Range const& b)
+/// The column has these values, and answers all questions as a look at every one of them does.
+void expectColumn(FenChartColumn const& column, Values const& values, std::size_t step = 37)
 {
-    EXPECT_EQ(a.min, b.min);
-    EXPECT_EQ(a.max, b.max);
-    EXPECT_EQ(a.gap, b.gap);
-    EXPECT_EQ(a.any, b.any);
+    auto const parts = [](FenChartColumn::Range const& r) { return std::tuple(r.min, r.max, r.gap, r.any); };
+    FenChartColumn::Range const all = slowRange(values, 0, values.size());
+    EXPECT_EQ(column.size(), values.size());
+    EXPECT_EQ(column.hasGaps(), all.gap);
+    EXPECT_EQ(column.ascending(), !all.gap && std::is_sorted(values.begin(), values.end()));
+    for (std::size_t first = 0; first <= values.size(); first += step)
+        for (std::size_t last = first; last <= values.size() + 100; last += step)
+            EXPECT_EQ(parts(column.range(first, last)), parts(slowRange(values, first, last)));
+    for (std::size_t b = 0; b < column.blocks(); ++b) {
+        FenChartColumn::Range const slow = slowRange(values, b * 64, b * 64 + 64);
+        EXPECT_EQ(column.blockHasGap(b), slow.gap);
+        EXPECT_EQ(column.blockMin(b), slow.any ? slow.min : infinity);
+        EXPECT_EQ(column.blockMax(b), slow.any ? slow.max : -infinity);
+    }
 }
 
 /// Walks up and down; every hundredth value, and one whole block, is a gap.
-std::vector<double> walk(std::size_t count, bool withGaps)
+Values walk(std::size_t count, bool withGaps)
 {
     std::mt19937 random(7);
-    std::vector<double> values(count);
+    Values values(count);
     double at = 0.0;
     for (std::size_t i = 0; i < count; ++i) {
         at += double(random() % 2001) - 1000.0;
@@ -54,90 +67,50 @@ std::vector<double> walk(std::size_t count, bool withGaps)
 
 TEST(ChartColumn, RangesAgreeWithALookAtEveryValue)
 {
-    for (bool const withGaps : {false, true}) {
-        std::vector<double> const values = walk(1000, withGaps);
-        FenChartColumn const column(values);
-        EXPECT_EQ(column.hasGaps(), withGaps);
-        expectRange(column.range(0, values.size()), slowRange(values, 0, values.size()));
-        for (std::size_t first = 0; first < 260; first += 13)
-            for (std::size_t last = 0; last <= 1100; last += 37)
-                expectRange(column.range(first, last),
-                            first < last ? slowRange(values, first, last) : FenChartColumn::Range());
-        for (std::size_t b = 0; b < column.blocks(); ++b) {
-            FenChartColumn::Range const slow = slowRange(values, b * 64, b * 64 + 64);
-            EXPECT_EQ(column.blockHasGap(b), slow.gap);
-            EXPECT_EQ(column.blockMin(b), slow.any ? slow.min : infinity);
-            EXPECT_EQ(column.blockMax(b), slow.any ? slow.max : -infinity);
-        }
-    }
-}
-
-TEST(ChartColumn, AscendsOnlyWithoutStepsDownAndWithoutGaps)
-{
-    std::vector<double> ascending(300);
+    for (bool const withGaps : {false, true})
+        expectColumn(FenChartColumn(walk(1000, withGaps)), walk(1000, withGaps), 13);
+    expectColumn(FenChartColumn(Values{-1e308, 1e308}), {-1e308, 1e308}, 1);
+    Values ascending(300);
     for (std::size_t i = 0; i < 300; ++i) ascending[i] = double(i / 2);
-    EXPECT_TRUE(FenChartColumn(ascending).ascending());
-    EXPECT_TRUE(FenChartColumn(std::vector<double>{}).ascending());
-    EXPECT_TRUE(FenChartColumn(std::vector<double>{-1e308, 1e308}).ascending());
+    expectColumn(FenChartColumn(ascending), ascending);
     for (std::size_t const at : {0U, 1U, 63U, 64U, 200U, 298U, 299U}) {
         for (double const value : {notANumber, infinity, -infinity, at == 0 ? 1000.0 : -1.0}) {
-            std::vector<double> broken = ascending;
+            Values broken = ascending;
             broken[at] = value;
-            FenChartColumn const column(broken);
-            EXPECT_FALSE(column.ascending()) << at << ' ' << value;
-            expectRange(column.range(0, 300), slowRange(broken, 0, 300));
-            expectRange(column.range(5, 299), slowRange(broken, 5, 299));
+            expectColumn(FenChartColumn(broken), broken);
         }
     }
 }
 
-TEST(ChartColumn, AppendedColumnsAreAsThoseMadeAtOnce)
+TEST(ChartColumn, AppendedColumnsAreAsThoseMadeAtOnceAndLeaveTheOldOnesAlone)
 {
-    std::vector<std::vector<double>> const starts = {{}, {1, 2, 3}, walk(200, false), walk(200, true)};
-    std::vector<std::vector<double>> const ends = {{}, {4, 5}, {0}, {notANumber}, walk(150, true)};
-    for (std::vector<double> const& start : starts) {
-        for (std::vector<double> const& end : ends) {
-            std::vector<double> all = start;
+    for (Values const& start : {Values(), {1, 2, 3}, walk(200, false), walk(200, true)}) {
+        for (Values const& end : {Values(), {4, 5}, {0}, {notANumber}, walk(150, true)}) {
+            Values all = start;
             all.insert(all.end(), end.begin(), end.end());
-            FenChartColumn const whole(all);
-            FenChartColumn::Ptr const joined = FenChartColumn::appended(FenChartColumn::make(start), end);
-            EXPECT_EQ(joined->size(), whole.size());
-            EXPECT_EQ(joined->ascending(), whole.ascending());
-            expectRange(joined->range(0, all.size()), whole.range(0, all.size()));
-            for (std::size_t b = 0; b < whole.blocks(); ++b)
-                expectRange(joined->range(b * 64, b * 64 + 64), whole.range(b * 64, b * 64 + 64));
+            expectColumn(*FenChartColumn::appended(FenChartColumn::make(start), end), all);
         }
     }
-}
-
-TEST(ChartColumn, StaysAsItWasWhenOthersAppendToIt)
-{
     FenChartColumn::Ptr const first = FenChartColumn::make({1, 2, 3});
     FenChartColumn::Ptr const second = FenChartColumn::appended(first, {4, 5});
     FenChartColumn::Ptr const third = FenChartColumn::appended(second, {-1});
     FenChartColumn::Ptr const branch = FenChartColumn::appended(second, {6, 7}); // third grew in place before
-    struct Row {
-        FenChartColumn::Ptr column;
-        std::vector<double> values;
-    };
-    Row const rows[] = {{first, {1, 2, 3}},
-                        {second, {1, 2, 3, 4, 5}},
-                        {third, {1, 2, 3, 4, 5, -1}},
-                        {branch, {1, 2, 3, 4, 5, 6, 7}}};
-    for (Row const& row : rows) {
-        EXPECT_EQ(row.column->size(), row.values.size());
-        EXPECT_EQ(row.column->max(), *std::max_element(row.values.begin(), row.values.end()));
-        EXPECT_EQ(row.column->values(), row.values);
+    for (auto const& [column, values] : {std::pair(first, Values{1, 2, 3}),
+                                         {second, {1, 2, 3, 4, 5}},
+                                         {third, {1, 2, 3, 4, 5, -1}},
+                                         {branch, {1, 2, 3, 4, 5, 6, 7}}}) {
+        expectColumn(*column, values, 1);
+        EXPECT_EQ(column->values(), values);
     }
     EXPECT_EQ(second->upperBound(9), 5u);
 }
 
 TEST(ChartColumn, SharesValuesWithoutCopying)
 {
-    auto const values = std::make_shared<std::vector<double> const>(std::vector<double>{3, 1, 2});
+    auto const values = std::make_shared<Values const>(Values{3, 1, 2});
     EXPECT_EQ(&FenChartColumn::share(values)->values(), values.get());
     EXPECT_TRUE(FenChartColumn::share(nullptr)->empty());
-    std::vector<double> moved = {1, 2, 3};
+    Values moved = {1, 2, 3};
     double const* const place = moved.data();
     EXPECT_EQ(FenChartColumn::make(std::move(moved))->values().data(), place);
 }
@@ -145,7 +118,7 @@ TEST(ChartColumn, SharesValuesWithoutCopying)
 TEST(ChartColumn, KnowsDistancesAndWhatALogarithmicAxisCanShow)
 {
     struct {
-        std::vector<double> values;
+        Values values;
         double minDelta, minPositive;
         std::size_t nonPositive;
     } const rows[] = {

@@ -52,21 +52,18 @@ TEST(ChartPerVariableScaling, ResolvesTheAxesThatVariablesName)
     builder.add("lost", {1, 2}).xAxis.set("unheard");
     FenChartPerVariableScaling const scaling = builder.scaling();
     ASSERT_EQ(scaling.size(), 3U);
-    EXPECT_TRUE(scaling.valid(0));
-    EXPECT_TRUE(scaling.valid(1));
-    EXPECT_FALSE(scaling.valid(2));
-    EXPECT_FALSE(scaling.valid(3));
+    EXPECT_TRUE(scaling.valid(0) && scaling.valid(1) && !scaling.valid(2) && !scaling.valid(3));
     EXPECT_EQ(scaling.variable(2).variable().name(), "lost");
     EXPECT_TRUE(scaling.variable(3).empty());
     builder.chart.xAxes.setFirst("x", FenChartAxisDiscrete::typeString);
-    EXPECT_TRUE(builder.scaling().isAxisDiscrete(Vector3::CompX, 0));
-    EXPECT_FALSE(builder.scaling().isAxisDiscrete(Vector3::CompY, 0));
-    EXPECT_DOUBLE_EQ(builder.scaling().mapping(0, Vector3::CompX).chart(1), 0.5);
+    FenChartPerVariableScaling const discrete = builder.scaling();
+    EXPECT_TRUE(discrete.isAxisDiscrete(Vector3::CompX, 0) && !discrete.isAxisDiscrete(Vector3::CompY, 0));
+    EXPECT_DOUBLE_EQ(discrete.mapping(0, Vector3::CompX).chart(1), 0.5);
     builder.chart.yAxes.setFirst("", "");
     EXPECT_FALSE(builder.scaling().valid(0)) << "a pair without axes";
 }
 
-TEST(ChartPerVariableScaling, MatricesAgreeWithTheMapping)
+TEST(ChartPerVariableScaling, MatricesAgreeWithTheMappingOrItsLogarithm)
 {
     ChartDataBuilder builder;
     builder.add("v", {1e6, 1e6 + 4}, {10, 20});
@@ -82,18 +79,12 @@ TEST(ChartPerVariableScaling, MatricesAgreeWithTheMapping)
         }
     }
     builder.variable().setData(Vector3::CompY, {-huge, huge});
-    EXPECT_TRUE(std::isfinite(builder.scaling().matrix(0)(1, 1)));
-    EXPECT_TRUE(std::isfinite(builder.scaling().matrix(0)(1, 3)));
-}
-
-TEST(ChartPerVariableScaling, MatricesOfALogarithmicAxisTakeLogarithms)
-{
-    ChartDataBuilder builder({1, 100});
+    Kes::Math::Matrix const wide = builder.scaling().matrix(0);
+    EXPECT_TRUE(std::isfinite(wide(1, 1)) && std::isfinite(wide(1, 3)));
+    builder.variable().setData(Vector3::CompY, {1, 100});
     builder.y().logarithmic.set(true);
-    FenChartPerVariableScaling const scaling = builder.scaling();
-    EXPECT_NEAR((scaling.matrix(0) * Vector3(0, 1, 0)).y(), scaling.mapping(0, Vector3::CompY).chart(10),
-                1e-6);
-    EXPECT_TRUE(scaling.mapping(0, Vector3::CompY).logarithmic);
+    EXPECT_NEAR((builder.scaling().matrix(0) * Vector3(0, 1, 0)).y(),
+                builder.scaling().mapping(0, Vector3::CompY).chart(10), 1e-6);
 }
 
 TEST(ChartPerVariableScaling, GradientsSpanTheValuesAndFillsEndAtZeroOrTheNearestEnd)

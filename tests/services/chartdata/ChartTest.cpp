@@ -7,7 +7,6 @@
 #include "services/chartdata/ChartLegend.h"
 #include "services/chartdata/ChartMultiAxis.h"
 #include "services/chartdata/ChartPie.h"
-#include "services/properties/ModifiedWatcher.h"
 
 #include <gtest/gtest.h>
 
@@ -47,24 +46,6 @@ TEST(Chart, EachKindIsCopiedWithItsChildren)
     expectCopies<FenChartPie>("showPercent", "false", {"variables"});
     expectCopies<FenChartMultiAxis>("firstAxis", "", {"variables"});
     expectCopies<FenChartLegend>("orientation", FenChart::legendVertical, {"viewport"});
-}
-
-TEST(Chart, ChangesBelowReachTheChart)
-{
-    FenModifiedGroup group;
-    FenChart2D chart(group);
-    FenModifiedWatcher const watcher(&chart);
-    auto const changes = [&](auto const& change) {
-        watcher.reset();
-        change();
-        return watcher.modified();
-    };
-    EXPECT_TRUE(changes([&] { chart.variables.append("v"); }));
-    EXPECT_TRUE(changes([&] { chart.variables[0].setData(Kes::Math::Vector3::CompX, {1}); }));
-    EXPECT_TRUE(changes([&] { chart.yAxes.setFirst("y", FenChartAxisContinuous::typeString); }));
-    EXPECT_TRUE(changes([&] { chart.yAxes.first()->min.set(3); }));
-    EXPECT_FALSE(changes([&] { chart.yAxes.first()->min.set(3); }));
-    EXPECT_TRUE(changes([&] { chart.yAxes.setFirst("", ""); }));
 }
 
 TEST(Chart, WhatNamesAnAxisOrAVariableFollowsItsRename)

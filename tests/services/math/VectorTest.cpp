@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <type_traits>
 
 using namespace Kes::Math;
@@ -16,35 +17,22 @@ using namespace Kes::Math;
 static_assert(!std::is_convertible_v<Vector2, Vector3> && !std::is_convertible_v<Vector3, Vector2>);
 static_assert(!std::is_convertible_v<double, Angle>);
 // What is not defined is no comparison or difference of pointers either.
+template <class Operation, class A, class B = A>
+constexpr bool defined = std::is_invocable_v<Operation, A const&, B const&>;
 template <class A, class B = A>
-concept Ordered = requires(A const& a, B const& b)
-{
-    a < b;
-};
-template <class A, class B = A>
-concept Compared = requires(A const& a, B const& b)
-{
-    a > b;
-}
-|| requires(A const& a, B const& b) { a <= b; }
-|| requires(A const& a, B const& b) { a >= b; };
+constexpr bool compared =
+    defined<std::greater<>, A, B> || defined<std::less_equal<>, A, B> || defined<std::greater_equal<>, A, B>;
 template <class A, class B>
-concept Mixed = requires(A const& a, B const& b)
-{
-    a - b;
-}
-|| requires(A const& a, B const& b) { a + b; }
-|| requires(A const& a, B const& b) { a == b; };
-static_assert(Ordered<Vector2> && !Ordered<Vector3> && !Ordered<Matrix> && !Ordered<Vector2, Vector3>);
-static_assert(!Compared<Vector2> && !Compared<Vector3> && !Compared<Matrix> && !Compared<Matrix, Vector3>);
-static_assert(!Mixed<Vector3, Vector2> && !Mixed<Vector2, Vector3> && !Mixed<Matrix, Vector3>);
-static_assert(!Mixed<Vector3, int> && !Mixed<float const*, Vector2>);
-template <class T>
-concept Subtracted = requires(T const& a)
-{
-    a - a;
-};
-static_assert(Subtracted<Vector2> && Subtracted<Vector3> && !Subtracted<Matrix>);
+constexpr bool mixed =
+    compared<
+        A,
+        B> || defined<std::less<>, A, B> || defined<std::minus<>, A, B> || defined<std::plus<>, A, B> || defined<std::equal_to<>, A, B>;
+static_assert(
+    defined<std::less<>, Vector2> && !defined<std::less<>, Vector3> && !defined<std::less<>, Matrix>);
+static_assert(!compared<Vector2> && !compared<Vector3> && !compared<Matrix>);
+static_assert(defined<std::minus<>, Vector2> && defined<std::minus<>, Vector3>);
+static_assert(!defined<std::minus<>, Matrix> && !mixed<Vector3, Vector2> && !mixed<Vector2, Vector3>);
+static_assert(!mixed<Matrix, Vector3> && !mixed<Vector3, int> && !mixed<float const*, Vector2>);
 static_assert(Angle::Angle270 == Angle270 && Angle::Angle90 == Angle90 && Angle::Angle0 == Angle());
 
 TEST(Vector2, OrdersAndPassesOverWhatIsNoNumber)
