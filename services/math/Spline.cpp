@@ -1,5 +1,7 @@
 #include "services/math/Spline.h"
 
+#include "services/math/Finite.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -10,9 +12,6 @@ namespace {
 
 constexpr size_t maxPerSpan = 1000;
 constexpr size_t maxPoints = size_t(1) << 24;
-
-bool finite(Vector2 const& p) { return std::isfinite(p.x()) && std::isfinite(p.y()); }
-bool finite(Vector3 const& p) { return finite(Vector2(p)) && std::isfinite(p.z()); }
 
 // Number of even parts of the way between two points.
 size_t parts(double step, size_t points)

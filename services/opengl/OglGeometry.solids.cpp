@@ -1,5 +1,6 @@
 #include "services/opengl/OglGeometry.h"
 
+#include "services/math/Finite.h"
 #include "services/opengl/VertexArrays.h"
 
 #include <array>
@@ -12,8 +13,6 @@ namespace {
 
 constexpr int slices = 24; // around an axis
 constexpr int stacks = 12; // from pole to pole
-
-bool finite(Vector3 const& v) { return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z()); }
 
 /// Directions around an axis: the unit vector at each of `slices` + 1 angles, the last equal to the first.
 using Ring = std::array<Vector3, slices + 1>;
@@ -70,7 +69,7 @@ Vector3 onSphere(int stack, int slice)
 
 bool usable(Vector3 const& center, double radius)
 {
-    return finite(center) && std::isfinite(radius) && radius > 0;
+    return Kes::Math::finite(center) && std::isfinite(radius) && radius > 0;
 }
 
 } // namespace
@@ -115,7 +114,9 @@ void FenOglGeometry::drawSolidCylinder(Vector3 const& a, Vector3 const& b, doubl
                                        double hole1)
 {
     float const length = (b - a).length();
-    if (!finite(a) || !finite(b) || !std::isfinite(r0 + r1 + hole0 + hole1) || !(length > 0)) return;
+    if (!Kes::Math::finite(a) || !Kes::Math::finite(b) || !std::isfinite(r0 + r1 + hole0 + hole1)
+        || !(length > 0))
+        return;
     Vector3 const axis = (b - a) / length;
     Ring const ring = ringAround(axis);
     auto const radius = [](double r) { return float(std::max(r, 0.0)); };
