@@ -3,6 +3,11 @@
 #include "axes/VisColorMap.h"
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
+#include "scene/Vis2DTest.h"
+#include "scene/VisPlane.h"
+#include "scene/VisShadowPlane.h"
+#include "scene/VisTeapot.h"
+#include "scene/VisTriad.h"
 #include "scene/VisViewpoint.h"
 #include "services/logging/DebugLogger.h"
 
@@ -30,10 +35,11 @@ Row row()
 std::vector<Row> const& rows()
 {
     static std::vector<Row> const table = {
-        row<FenVisLegend>(),
-        row<FenVisChart2D>(),
-        row<FenVisViewpoint>(),
-        row<FenVisColorMap>(),
+        // clang-format off: one row a line
+        row<FenVisTriad>(),     row<FenVisColorMap>(), row<FenVisLegend>(),
+        row<FenVisPlane>(),     row<FenVisChart2D>(),  row<FenVisShadowPlane>(),
+        row<FenVisViewpoint>(), row<FenVisTeapot>(),   row<FenVis2DTest>(),
+        // clang-format on
     };
     return table;
 }

@@ -1,6 +1,6 @@
 #include "scene/VisPlane.h"
 
-#include "scene/FollowRename.h"
+#include "services/properties/SiblingName.h"
 
 QString const FenVisPlane::typeString = QStringLiteral("visualization.plane");
 

@@ -1,7 +1,7 @@
 #include "scene/VisShadowPlane.h"
 
 #include "framework/VisList.h"
-#include "scene/FollowRename.h"
+#include "services/properties/SiblingName.h"
 #include "services/logging/Checks.h"
 #include "services/math/BoundingBox.h"
 #include "services/math/Finite.h"
