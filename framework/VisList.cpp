@@ -2,6 +2,7 @@
 
 #include "axes/VisColorMap.h"
 #include "framework/VisPassiveNode.h"
+#include "scene/VisPlane.h"
 #include "services/logging/Checks.h"
 #include "services/math/BoundingBox.h"
 
@@ -18,10 +19,6 @@ constexpr char const* destructorMark = " @line 185";
 constexpr char const* wrongTypeText = "c && \"Type is incorrect\"";
 constexpr char const* tooDeepText = "fits && \"lists are nested more than 64 deep\"";
 constexpr char const* tooDeepMark = "@line 141";
-
-// Type of the nodes above this layer that a list looks up among its children.
-constexpr char const* planeType = "visualization.plane";
-constexpr char const* colorMapKey = "colorMap";
 
 /// What a failed look-up refers to: a node that does nothing and belongs to no tree.
 FenVisPassiveNode& placeholder()
@@ -73,7 +70,7 @@ FenVisualization const* asNode(FenProperties const* child)
 
 bool isColorMap(FenVisualization const* node) { return dynamic_cast<FenVisColorMap const*>(node); }
 
-bool isPlane(FenVisualization const* node) { return node && node->type() == QLatin1String(planeType); }
+bool isPlane(FenVisualization const* node) { return dynamic_cast<FenVisPlane const*>(node); }
 
 } // namespace
 
@@ -169,9 +166,9 @@ QStringList const& FenVisList::namesOf(NameCache& cache, bool (*listed)(FenVisua
 bool FenVisList::colorMapping() const
 {
     for (unsigned int i = 0; i < size(); ++i) {
-        FenVisualization const* const plane = at(i);
-        if (!isPlane(plane) || !plane->enabled.get()) continue;
-        FenVisualization const* const map = at(plane->getString(colorMapKey, QString()));
+        auto const* const plane = dynamic_cast<FenVisPlane const*>(at(i));
+        if (!plane || !plane->enabled.get()) continue;
+        FenVisualization const* const map = at(plane->colorMap.get());
         if (isColorMap(map) && map->enabled.get()) return true;
     }
     return false;

@@ -167,7 +167,7 @@ TEST_F(VisList, ListsLieInEachOtherNoDeeperThanPassesMayRecurse)
 TEST_F(VisList, ListsColourMapsAndPlanesAndTellsWhetherAnEnabledPairBelongsTogether)
 {
     auto& map = dynamic_cast<FenVisColorMap&>(list->child("m", "visualization.colorMap"));
-    RecordingNode& plane = add("p", 0, "visualization.plane");
+    FenVisualization& plane = list->child("p", "visualization.plane");
     plane.rename("q");
     EXPECT_EQ(QStringList("q"), list->listPlane());
     std::tuple<QString, bool, bool, bool> const rows[] = {
@@ -175,6 +175,7 @@ TEST_F(VisList, ListsColourMapsAndPlanesAndTellsWhetherAnEnabledPairBelongsToget
         {"m", true, false, false}, {"q", true, true, false}, {"z", true, true, false},
         {"n", true, true, false}};
     add("n", 0, "visualization.colorMap"); // the class counts, not what a node calls itself
+    add("r", 0, "visualization.plane");
     for (auto const& [named, planeOn, mapOn, expected] : rows) {
         plane.setValue("colorMap", named);
         plane.enabled.set(planeOn);
