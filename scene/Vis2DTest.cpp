@@ -2,12 +2,10 @@
 
 #include "framework/DrawContext.h"
 #include "services/math/Finite.h"
-#include "services/opengl/Gl.h"
-#include "services/opengl/GlScopes.h"
+#include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglBoxedText.h"
 #include "services/opengl/OglText.h"
-#include "services/opengl/PixelRatio.h"
 #include "services/opengl/VertexArrays.h"
 
 using Kes::Math::Vector2;
@@ -79,6 +77,7 @@ bool FenVis2DTest::getViewport(FenOglViewport const& parent, FenOglViewport& own
 void FenVis2DTest::draw2d(DrawContext const& context) const
 {
     if (!finite(position.get()) || !finite(boxSize.get()) || !finite(textPosition.get())) return;
+    fen::FlatScope const flat;
     context.text.clear();
     context.text.setColor(color.get());
     FenOglTextBatch const batch(context.text);
@@ -89,9 +88,7 @@ void FenVis2DTest::draw2d(DrawContext const& context) const
 
 void FenVis2DTest::drawFrame() const
 {
-    fen::AttribScope const attributes(GL_CURRENT_BIT | GL_LINE_BIT);
     glColor(color.get());
-    fen::lineWidth(1);
     Vector2 const from = position.get(), to = from + boxSize.get();
     constexpr float middle = 0.5f; // of a pixel: the line lies inside the frame
     fen::drawFrame(from.x() + middle, from.y() + middle, to.x() - middle, to.y() - middle);
@@ -99,7 +96,6 @@ void FenVis2DTest::drawFrame() const
 
 void FenVis2DTest::drawMarks(FenOglText& text) const
 {
-    fen::AttribScope const attributes(GL_CURRENT_BIT);
     glColor(color.get());
     for (QPoint const& mark : marks) {
         drawCross(Vector2(float(mark.x()), float(mark.y())));
@@ -120,9 +116,7 @@ void FenVis2DTest::drawAnchors(FenOglText& text) const
         Vector2 const anchor = middle + Vector2(0, float(1 - i / 2) * anchorSpacing);
         boxed.setAlignment(sides[i].alignment);
         boxed.draw(anchor, QString::fromLatin1(sides[i].code));
-        if (i % 2 == 0) continue;
-        fen::AttribScope const attributes(GL_CURRENT_BIT);
         glColor(color.get());
-        drawCross(anchor);
+        if (i % 2 == 1) drawCross(anchor); // both texts of the anchor are there
     }
 }

@@ -4,8 +4,8 @@
 #include "services/math/Plane.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/VertexArrays.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/OffscreenGlTest.h"
+#include "tests/support/RecordingNode.h"
 
 #include <cmath>
 

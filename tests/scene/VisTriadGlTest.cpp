@@ -6,8 +6,8 @@
 #include "picking/hits/VisHitRecordQuery.h"
 #include "services/math/BoundingBox.h"
 #include "services/opengl/GlWrappers.h"
-#include "tests/framework/RecordingNode.h"
 #include "tests/support/OffscreenGlTest.h"
+#include "tests/support/RecordingNode.h"
 
 using Kes::Math::Matrix, Kes::Math::Vector3;
 
