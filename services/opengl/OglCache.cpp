@@ -119,10 +119,14 @@ QString takeStyle(QString name, QFont& font)
 std::optional<QFont> findFont(QString const& name, FenResource const& resource)
 {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return std::nullopt;
-    QByteArray const file = resource.font(name);
     QFont styled;
     QString const plain = takeStyle(name, styled);
-    for (QString const& family : {file.isEmpty() ? QString() : familyOf(file), name, plain}) {
+    auto const fileFamily = [&](QString const& of) {
+        QByteArray const file = resource.font(of);
+        return file.isEmpty() ? QString() : familyOf(file);
+    };
+    for (QString const& family :
+         {fileFamily(name), name, fileFamily(plain), plain.isEmpty() ? QString(standardFamily) : plain}) {
         if (family.isEmpty() || !QFontDatabase::hasFamily(family)) continue;
         QFont font(family);
         font.setBold(family != name && styled.bold());
@@ -130,7 +134,9 @@ std::optional<QFont> findFont(QString const& name, FenResource const& resource)
         return font;
     }
     fen::warnOnce(QString("Unknown font \"%1\".").arg(name.left(80)), "@line 145");
-    return std::nullopt;
+    if (plain == name) return std::nullopt;
+    styled.setFamily(standardFamily);
+    return styled;
 }
 
 } // namespace

@@ -50,7 +50,7 @@ public:
     /// Face of a font: a font file of the resources, a family of the system,
     /// optionally followed by " Bold", " Italic" or " Bold Italic", or "DejaVu
     /// Sans" for an empty name. An unknown name is logged once and gives the
-    /// default face. Never null.
+    /// default face, with the style asked for. Never null.
     OGLFT::Face* font(QString const& name);
 
     /// Atlas image of a name that the host has set; null for the built-in symbols.
