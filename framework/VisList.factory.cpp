@@ -4,9 +4,11 @@
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
 #include "scene/Vis2DTest.h"
+#include "scene/VisImage.h"
 #include "scene/VisPlane.h"
 #include "scene/VisShadowPlane.h"
 #include "scene/VisTeapot.h"
+#include "scene/VisText.h"
 #include "scene/VisTriad.h"
 #include "scene/VisViewpoint.h"
 #include "services/logging/DebugLogger.h"
@@ -35,10 +37,18 @@ Row row()
 std::vector<Row> const& rows()
 {
     static std::vector<Row> const table = {
-        // clang-format off: one row a line
-        row<FenVisTriad>(),     row<FenVisColorMap>(), row<FenVisLegend>(),
-        row<FenVisPlane>(),     row<FenVisChart2D>(),  row<FenVisShadowPlane>(),
-        row<FenVisViewpoint>(), row<FenVisTeapot>(),   row<FenVis2DTest>(),
+        // clang-format off
+        row<FenVisTriad>(),
+        row<FenVisColorMap>(),
+        row<FenVisLegend>(),
+        row<FenVisPlane>(),
+        row<FenVisChart2D>(),
+        row<FenVisShadowPlane>(),
+        row<FenVisViewpoint>(),
+        row<FenVisImage>(),
+        row<FenVisTeapot>(),
+        row<FenVisText>(),
+        row<FenVis2DTest>(),
         // clang-format on
     };
     return table;

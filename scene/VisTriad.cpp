@@ -6,6 +6,7 @@
 #include "picking/select/VisPickScope.h"
 #include "scene/NodeLighting.h"
 #include "scene/VisTriad.handler.h"
+#include "services/opengl/BoxPlacement.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/OglText.h"
 #include "services/opengl/PixelRatio.h"
@@ -122,19 +123,10 @@ FenVisTriad::~FenVisTriad() = default;
 bool FenVisTriad::getViewport(FenOglViewport const& parent, FenOglViewport& own) const
 {
     bool const untouched = viewport.width.get() == 1.0 && viewport.height.get() == 1.0;
-    if (!untouched) {
-        own = FenOglViewport::fitToParent(parent, viewport);
-        return true;
-    }
     int const side = std::min({pixelSize.get(), parent.width(), parent.height()});
-    if (side < 2) {
-        own.reset();
-        return true;
-    }
-    FenViewport square(viewport);
-    square.width.set(side);
-    square.height.set(side);
-    own = FenOglViewport::fitToParent(parent, square);
+    fen::BoxPlacement const place =
+        untouched ? fen::BoxPlacement(viewport, QSize(side, side)) : fen::BoxPlacement(viewport);
+    own = untouched && side < 2 ? FenOglViewport() : place.within(parent);
     return true;
 }
 
