@@ -4,10 +4,8 @@
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartAxisScale.h"
 #include "services/chartdata/ChartVariableCache.h"
+#include "services/chartdata/DateTicks.h"
 #include "services/properties/StringBuilder.h"
-
-#include <QDateTime>
-#include <QTimeZone>
 
 #include <boost/make_shared.hpp>
 
@@ -17,17 +15,6 @@
 namespace fen {
 
 namespace {
-
-/// [s] Beyond these years (about -270000 to 270000) a number is no date.
-constexpr double lastSecond = 8.5e12;
-
-QString dateText(double seconds)
-{
-    QDateTime const time = QDateTime::fromMSecsSinceEpoch(qint64(std::llround(seconds * 1000)), Qt::UTC);
-    if (time.time().msec() != 0) return time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
-    if (time.time() != QTime(0, 0)) return time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-    return time.toString(QStringLiteral("yyyy-MM-dd"));
-}
 
 QString categoryText(FenChartAxisScale const& scale, double value)
 {
@@ -39,13 +26,13 @@ QString categoryText(FenChartAxisScale const& scale, double value)
 
 void fillIn(FenStringBuilder::Formatter& text, FenChartAxisScale const* scale, double value)
 {
-    QString const category = scale && scale->discrete() ? categoryText(*scale, value) : QString();
-    if (!category.isEmpty())
-        text(category);
-    else if (scale && scale->date() && std::abs(value) <= lastSecond)
-        text(dateText(value));
-    else
+    QString known;
+    if (scale && scale->discrete()) known = categoryText(*scale, value);
+    if (scale && scale->date()) known = dateText(value);
+    if (known.isEmpty())
         text(value);
+    else
+        text(known);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "services/chartdata/DateTicks.h"
 
+#include <QDateTime>
 #include <QStringList>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <chrono>
@@ -22,6 +24,7 @@ constexpr double minuteLength = 60.0, hourLength = 3600.0, dayLength = 86400.0, 
 constexpr double monthLength = yearLength / 12.0;
 constexpr double firstSecond = -62167219200.0; // of the year 0
 constexpr double lastSecond = 253402300799.0; // of the year 9999
+constexpr double lastTextSecond = 8.5e12; // about the years -270000 to 270000
 /// Half of it is about what a double around the present tells apart.
 constexpr double smallestStep = 1e-6;
 
@@ -210,4 +213,13 @@ std::vector<fen::DateTick> fen::dateTicks(double min, double max, unsigned divis
         break;
     }
     return ticks;
+}
+
+QString fen::dateText(double seconds)
+{
+    if (!(std::abs(seconds) <= lastTextSecond)) return QString();
+    QDateTime const time = QDateTime::fromMSecsSinceEpoch(qint64(std::llround(seconds * 1000)), Qt::UTC);
+    if (time.time().msec() != 0) return time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    if (time.time() != QTime(0, 0)) return time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return time.toString(QStringLiteral("yyyy-MM-dd"));
 }

@@ -21,4 +21,9 @@ struct DateTick {
 ///     smaller than a double can tell
 std::vector<DateTick> dateTicks(double min, double max, unsigned divisions);
 
+/// A point in time as tooltips tell it: "2012-04-15", with the time of day unless it is midnight.
+/// @param seconds  since 1970-01-01 UTC
+/// @return empty for what is no date (some 270000 years away, not finite)
+QString dateText(double seconds);
+
 } // namespace fen
