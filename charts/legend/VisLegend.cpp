@@ -1,8 +1,12 @@
 #include "charts/legend/VisLegend.h"
 
 #include "charts/VisChart.h"
+#include "charts/legend/LegendMultiAxis.h"
+#include "charts/legend/LegendSpiderAxes.h"
 #include "charts/legend/VisLegend.handler.h"
 #include "charts/legend/VisLegend.parts.h"
+#include "charts/parallel/VisChartPCP.h"
+#include "charts/spider/VisChartSpider.h"
 #include "framework/DrawContext.h"
 #include "framework/VisList.h"
 #include "picking/hits/VisHitRecordList.h"
@@ -98,6 +102,7 @@ void FenVisLegend::dependOn(FenVisualization& source)
 void FenVisLegend::update(DrawContext const& context)
 {
     _entries.clear();
+    _unlisted = 0;
     _collected = true;
     _layoutArea = QSize();
     _rectangles.clear();
@@ -122,6 +127,8 @@ void FenVisLegend::collectEntries() const
     _collected = true;
     auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get());
     if (!chart) return;
+    if (dynamic_cast<FenChartMultiAxis const*>(const_cast<FenVisChart*>(chart)->content()))
+        return collectItems(*chart);
     FenChartValidVariableList const variables = chart->validVariables();
     for (unsigned i = 0; i < variables.size(); ++i) {
         if (!variables.alive(i)) continue;
@@ -129,10 +136,38 @@ void FenVisLegend::collectEntries() const
         if (!variable.legend.get()) continue;
         Kes::Math::Vector2 range = variables.minmax(i);
         chart->colorRange(variable, range);
-        Variable entry{&variable, fen::VariableStyle(variable), {}};
+        Variable entry{&variable, fen::VariableStyle(variable), {}, {}, {}};
         if (range.y() > range.x())
             entry.intervals = Kes::Math::NiceIntervals(double(range.x()), double(range.y()), rampIntervals,
                                                        true, true, _numberFormat);
+        _entries.push_back(entry);
+    }
+}
+
+/// The valid items, and the axes of a spider, which has no other place for their ranges.
+void FenVisLegend::collectItems(FenVisChart const& chart) const
+{
+    auto const* const spider = dynamic_cast<FenVisChartSpider const*>(&chart);
+    auto const* const parallel = dynamic_cast<FenVisChartPCP const*>(&chart);
+    if (!spider && !parallel) return;
+    FenChartMultiAxis const& content = spider ? spider->chart : parallel->chart;
+    fen::LegendItems const items =
+        fen::legendItems(content, spider ? spider->GetDataValid() : parallel->GetDataValid());
+    _unlisted = items.others;
+    for (fen::LegendItem const& item : items.listed) {
+        Variable entry;
+        entry.text = item.label;
+        entry.color = item.color;
+        _entries.push_back(entry);
+    }
+    FenChartValidVariableList const variables = chart.validVariables();
+    for (unsigned i = 0; spider && i < variables.size(); ++i) {
+        if (!variables.alive(i) || !variables.variable(i).legend.get()) continue;
+        FenChartVariable const& variable = variables.variable(i);
+        Variable entry;
+        entry.variable = fen::view_ptr<FenChartVariable const>(&variable);
+        entry.text = fen::spiderAxisText(content, variable, _numberFormat);
+        entry.color = variable.colors.get().isEmpty() ? QColor(Qt::black) : variable.colors.get().first();
         _entries.push_back(entry);
     }
 }

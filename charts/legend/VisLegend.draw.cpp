@@ -6,6 +6,8 @@
 #include "charts/legend/LegendSample.h"
 #include "charts/legend/VisLegend.handler.h"
 #include "charts/legend/VisLegend.parts.h"
+#include "charts/parallel/VisChartPCP.h"
+#include "charts/spider/VisChartSpider.h"
 #include "charts/style/Fill.h"
 #include "framework/DrawContext.h"
 #include "services/chartdata/Chart.h"
@@ -74,6 +76,14 @@ QSize roomFor(QSize const& area, bool vertical)
     return vertical ? QSize(area.width() / 2, area.height()) : QSize(area.width(), area.height() / 2);
 }
 
+/// A patch for items, a line for an axis.
+void drawItemSample(QRect const& area, QColor const& color, bool items)
+{
+    float const middle = float(area.y()) + float(area.height()) / 2, half = items ? 4 : 0.5f;
+    glColor(color);
+    fen::drawRectangle(float(area.x()), middle - half, float(area.x() + area.width()), middle + half);
+}
+
 /// True when a box leaves most of the chart free.
 bool leavesRoom(QSize const& box, QSize const& area, bool vertical)
 {
@@ -117,6 +127,12 @@ std::vector<FenVisLegend::Kind> const& FenVisLegend::kinds()
     static std::vector<Kind> const table = {
         {[](FenVisualization const& chart) { return dynamic_cast<FenVisChart2D const*>(&chart) != nullptr; },
          Sample::Series, true},
+        {[](FenVisualization const& chart) {
+             return dynamic_cast<FenVisChartSpider const*>(&chart) != nullptr;
+         },
+         Sample::Items, false},
+        {[](FenVisualization const& chart) { return dynamic_cast<FenVisChartPCP const*>(&chart) != nullptr; },
+         Sample::Items, false},
     };
     return table;
 }
@@ -140,6 +156,7 @@ bool FenVisLegend::CanExpandVariable(unsigned i) const
 /// @param width  [px] that it may take
 QString FenVisLegend::entryText(FenOglText const& text, unsigned i, bool ramps, int width) const
 {
+    if (!_entries[i].text.isEmpty()) return fen::elided(text, _entries[i].text, width);
     QString factor;
     if (ramps && CanExpandVariable(i)) factor = fen::toFactorLabel(_entries[i].intervals.factor());
     if (!factor.isEmpty()) factor = QStringLiteral("  (%1)").arg(factor);
@@ -158,7 +175,8 @@ fen::LegendLayout FenVisLegend::arrange(std::vector<fen::LegendEntrySize> const&
     auto const layoutOf = [&](std::size_t shown) {
         std::vector<fen::LegendEntrySize> some(sizes.begin(), sizes.begin() + std::ptrdiff_t(shown));
         std::size_t const hidden = sizes.size() - shown;
-        if (hidden > 0) some.push_back({text.size(moreText(hidden)), QSize(), moreText(hidden)});
+        QString const more = moreText(hidden + _unlisted);
+        if (hidden > 0) some.push_back({text.size(more), QSize(), more});
         auto layout =
             vertical ? fen::layoutVertical(some, metrics, room) : fen::layoutHorizontal(some, metrics, room);
         layout.hidden = hidden;
@@ -184,7 +202,7 @@ fen::LegendLayout FenVisLegend::sizeLegend(FenOglText& text, QSize const& area, 
     std::vector<fen::LegendEntrySize> sizes(_entries.size());
     bool expanded = false;
     for (unsigned i = 0; i < _entries.size(); ++i) {
-        if (!_entries[i].variable) continue;
+        if (!_entries[i].variable && !_entries[i].items()) continue;
         bool const ramp = ramps && CanExpandVariable(i);
         sizes[i].text = entryText(text, i, ramp, std::min(width, widestLabel));
         sizes[i].label = text.size(sizes[i].text);
@@ -248,7 +266,7 @@ void FenVisLegend::drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewpo
         }
         _rectangles.emplace_back(entry.bounds.x(), entry.bounds.y(), entry.bounds.width(),
                                  entry.bounds.height());
-        if (_entries[i].variable) drawEntry(cache, text, i, entry, sample);
+        if (_entries[i].variable || _entries[i].items()) drawEntry(cache, text, i, entry, sample);
     }
 }
 
@@ -278,7 +296,9 @@ void FenVisLegend::drawEntry(FenOglCache& cache, FenOglText& text, unsigned i,
     }
     {
         fen::FlatScope const flat; // the sample may leave width and smoothing behind
-        if (sample == Sample::Series)
+        if (sample == Sample::Items)
+            drawItemSample(entry.sample, one.color, one.items());
+        else if (sample == Sample::Series)
             fen::drawLegendSample(cache, one.style, entry.sample);
         else
             fen::drawLegendPatch(one.style, entry.sample);

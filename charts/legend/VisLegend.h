@@ -13,6 +13,7 @@
 #include <vector>
 
 class FenChartVariable;
+class FenVisChart;
 
 /// Legend of one chart, drawn over the chart's data rectangle.
 ///
@@ -67,7 +68,8 @@ private:
     /// What an entry shows at its left.
     enum class Sample {
         Series = 1, ///< line, symbol and fill as in the chart
-        Patch = 2 ///< a patch of the fill colour
+        Patch = 2, ///< a patch of the fill colour
+        Items ///< a patch of the items' colour
     };
     /// How the legend of one kind of chart is drawn.
     struct Kind {
@@ -81,6 +83,7 @@ private:
     void unlink();
     void dependOn(FenVisualization& source);
     void collectEntries() const;
+    void collectItems(FenVisChart const& chart) const;
     void layOut(FenOglText& text, QSize const& area) const;
 
     fen::LegendLayout arrange(std::vector<fen::LegendEntrySize> const& sizes, FenOglText const& text,
@@ -97,6 +100,7 @@ private:
     QString entryText(FenOglText const& text, unsigned i, bool ramps, int width) const;
 
     mutable std::vector<Variable> _entries;
+    mutable std::size_t _unlisted = 0; // items that no legend has room for
     mutable bool _collected = true; // `_entries` are those of the last update
     mutable fen::LegendLayout _layout;
     mutable QSize _layoutArea; // [px] for which `_layout` and `_place` were made; invalid: none
