@@ -3,6 +3,8 @@
 #include "axes/VisColorMap.h"
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
+#include "charts/parallel/VisChartPCP.h"
+#include "charts/spider/VisChartSpider.h"
 #include "scene/Vis2DTest.h"
 #include "scene/VisImage.h"
 #include "scene/VisPlane.h"
@@ -43,6 +45,8 @@ std::vector<Row> const& rows()
         row<FenVisLegend>(),
         row<FenVisPlane>(),
         row<FenVisChart2D>(),
+        row<FenVisChartSpider>(),
+        row<FenVisChartPCP>(),
         row<FenVisShadowPlane>(),
         row<FenVisViewpoint>(),
         row<FenVisImage>(),

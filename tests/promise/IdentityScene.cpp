@@ -1,6 +1,8 @@
 #include "tests/promise/IdentityScene.h"
 
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/parallel/VisChartPCP.h"
+#include "charts/spider/VisChartSpider.h"
 #include "host/scene/Scene.h"
 #include "services/chartdata/ChartVariable.h"
 
@@ -106,6 +108,32 @@ IdentityScene makeChart2D(FenVisScene& scene, std::mt19937& random)
     return result;
 }
 
+/// Axes in colours of their own; all items, which belong to the chart, in one.
+template <class Node>
+IdentityScene makeItems(FenVisScene& scene, std::mt19937& random)
+{
+    IdentityScene result;
+    Node& node = scene.add<Node>("chart");
+    int const variables = 2 + int(random() % 7);
+    size_t const items = choose<size_t>(random, {1, 2, 6});
+    for (int i = 0; i < variables; ++i) {
+        FenChartVariable& variable = node.chart.variables.append(QString("v%1").arg(i));
+        std::vector<double> values(items);
+        for (double& value : values) value = coin(random, 0.05) ? std::nan("") : uniform(random, -5, 5);
+        variable.setData(Vector3::CompY, std::move(values));
+        QColor const color = identity(result.things.size());
+        variable.colors.set({Qt::black});
+        // Labels stay black: their ground follows their colour.
+        result.things.push_back(
+            {color, &variable, true, 2, [&variable, color] { variable.colors.set({color}); }});
+    }
+    QColor const color = identity(result.things.size());
+    node.chart.itemColors.set({QColor(Qt::black)});
+    result.things.push_back(
+        {color, &node.chart, false, 2, [&node, color] { node.chart.itemColors.set({color}); }});
+    return result;
+}
+
 } // namespace
 
 IdentityScene::Thing const* IdentityScene::drawnIn(QColor const& color) const
@@ -128,6 +156,8 @@ std::vector<IdentityKind> const& identityKinds()
 {
     static std::vector<IdentityKind> const kinds = {
         {"2D chart", makeChart2D},
+        {"parallel coordinates", makeItems<FenVisChartPCP>},
+        {"spider", makeItems<FenVisChartSpider>},
     };
     return kinds;
 }
