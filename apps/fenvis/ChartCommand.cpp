@@ -29,7 +29,10 @@ QList<QCommandLineOption> command::chartOptions()
 {
     QCommandLineOption const output({QStringLiteral("o"), QStringLiteral("output")},
                                     QStringLiteral("the picture to write (PNG)"), QStringLiteral("FILE"));
-    return TableChart::options() + QList<QCommandLineOption>{output};
+    QCommandLineOption const rows(
+        QStringLiteral("print-rows"),
+        QStringLiteral("print the records that pass all filters as JSON (parallel)"));
+    return TableChart::options() + QList<QCommandLineOption>{output, rows};
 }
 
 int command::runChart(Call const& call, Command const& self)
@@ -37,7 +40,9 @@ int command::runChart(Call const& call, Command const& self)
     QCommandLineParser parser;
     int status = Success;
     if (!parse(call, self, 1, 1, parser, status)) return status;
-    if (!parser.isSet(QStringLiteral("o"))) return wrongUsage(self, QStringLiteral("-o FILE is missing"));
+    bool const printRows = parser.isSet(QStringLiteral("print-rows"));
+    bool const write = parser.isSet(QStringLiteral("o"));
+    if (!write && !printRows) return wrongUsage(self, QStringLiteral("-o FILE is missing"));
 
     QString const output = parser.value(QStringLiteral("o"));
     if (sameFile(output, parser.positionalArguments().first()))
@@ -48,6 +53,9 @@ int command::runChart(Call const& call, Command const& self)
     if (std::optional<int> const failure = chart.prepare(call, self, parser)) return *failure;
     FenVisScene scene;
     if (std::optional<int> const failure = chart.build(scene)) return *failure;
+    if (printRows && !chart.printPassingRows(scene))
+        return wrongUsage(self, QStringLiteral("--print-rows: needs --kind parallel"));
+    if (!write) return Success;
     QByteArray const png = pngBytes(chart.canvas->draw(scene, chart.picture));
     if (png.isEmpty()) return badInput(QStringLiteral("fenvis: not enough memory for the picture"));
     QString error;

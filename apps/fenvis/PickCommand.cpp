@@ -32,15 +32,16 @@ void addPoint(FenVisScene const& scene, FenVisHitProperty const& hit, QJsonObjec
     auto const* const variable =
         hit.defined() ? dynamic_cast<FenChartVariable const*>(hit.property) : nullptr;
     auto const* const point = dynamic_cast<FenVisHitDataPointQualifier const*>(hit.qualifier.get());
-    if (!variable || !point) return;
+    if (!point) return;
+    if (std::optional<FenTableRow> const row = scene.tableRows().row(hit))
+        object[QStringLiteral("row")] = qint64(row->row);
+    if (!variable) return; // a record of many variables
     QJsonObject data;
     data[QStringLiteral("x")] = variable->value(Kes::Math::Vector3::CompX, point->dataPointIdx);
     data[QStringLiteral("y")] = variable->value(Kes::Math::Vector3::CompY, point->dataPointIdx);
     if (variable->column(Kes::Math::Vector3::CompZ))
         data[QStringLiteral("z")] = variable->value(Kes::Math::Vector3::CompZ, point->dataPointIdx);
     object[QStringLiteral("data")] = data;
-    if (std::optional<FenTableRow> const row = scene.tableRows().row(hit))
-        object[QStringLiteral("row")] = qint64(row->row);
 }
 
 QJsonObject recordObject(FenVisScene const& scene, FenVisualization const* source,

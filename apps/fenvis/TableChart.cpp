@@ -3,9 +3,13 @@
 #include "apps/fenvis/Command.h"
 
 #include "host/output/MessageText.h"
+#include "host/scene/Scene.h"
 #include "host/scene/Theme.h"
 #include "host/table/ChartArguments.h"
 #include "host/table/DataTable.h"
+#include "host/table/RecordFilter.h"
+
+#include "charts/parallel/VisChartPCP.h"
 
 #include <QCommandLineParser>
 
@@ -38,4 +42,16 @@ std::optional<int> command::TableChart::build(FenVisScene& scene) const
     QString error;
     if (fen::addChart(scene, *_table, _chart, *picture.theme, error)) return {};
     return badInput(fen::messageText(_file) + QStringLiteral(":1: ") + error);
+}
+
+bool command::TableChart::printPassingRows(FenVisScene& scene) const
+{
+    scene.update();
+    for (unsigned i = 0; i < scene.root().size(); ++i) {
+        auto const* const chart = dynamic_cast<FenVisChartPCP const*>(scene.root().at(i));
+        if (!chart) continue;
+        print(QString::fromUtf8(fen::passingRows(*_table, chart->GetDataValid())));
+        return true;
+    }
+    return false;
 }

@@ -24,6 +24,8 @@ public:
     std::optional<int> prepare(Call const& call, Command const& self, QCommandLineParser const& parser);
     /// Adds the chart to a scene.
     std::optional<int> build(FenVisScene& scene) const;
+    /// Prints the rows that pass the filters of the scene's chart; false when it has none.
+    bool printPassingRows(FenVisScene& scene) const;
 
     PictureOptions picture;
     std::unique_ptr<Canvas> canvas; ///< after `prepare`

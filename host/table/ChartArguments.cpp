@@ -170,8 +170,12 @@ std::vector<Argument> columnArguments()
          [](Reader& r, Options& o) { r.texts("y", o.y); }},
         {"y2", "COL,...", text("columns on the right axis"),
          [](Reader& r, Options& o) { r.texts("y2", o.y2); }},
-        {"group", "COL", text("a curve for each text of this column"),
+        {"group", "COL", text("a curve, or an item of means, for each text of this column"),
          [](Reader& r, Options& o) { r.text("group", o.group); }},
+        {"color-by", "COL", text("column that gives records their colours"),
+         [](Reader& r, Options& o) { r.text("color-by", o.colorBy); }},
+        {"filter", "COL=A..B", text("pass records from A to B only; COL=TEXT for texts; may be repeated"),
+         [](Reader& r, Options& o) { r.texts("filter", o.filters); }},
     };
 }
 

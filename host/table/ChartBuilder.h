@@ -24,7 +24,11 @@ struct FENVIS_EXPORT FenChartOptions {
     /// the right: every number column but x.
     QStringList y;
     QStringList y2; ///< columns on the right axis
-    QString group; ///< text column: one variable for each of its texts; empty: none
+    /// Text column: one variable for each of its texts, in a spider one item with the means of its rows;
+    /// empty: none
+    QString group;
+    QString colorBy; ///< column that the records of parallel coordinates are coloured by; empty: none
+    QStringList filters; ///< "column=10..20" or "column=text": records outside are drawn pale
     QString style = QStringLiteral("line"); ///< none, line, spline, step, bar
     /// none, rect, ellipse, triangle ...; empty: none, but for a single row, which has no line
     std::optional<QString> symbol;

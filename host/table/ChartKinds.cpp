@@ -7,6 +7,8 @@
 
 #include "charts/chart2d/VisChart2D.h"
 #include "charts/legend/VisLegend.h"
+#include "charts/parallel/VisChartPCP.h"
+#include "charts/spider/VisChartSpider.h"
 #include "services/chartdata/ChartAxis.h"
 
 #include <algorithm>
@@ -43,6 +45,15 @@ ChartSides sidesOf2D(FenVisualization& node)
             side(chart.yAxes.first(), plot->yScale()), side(chart.yAxes.second(), plot->yScale())};
 }
 
+/// Colours of axes and items, which have none of their own elsewhere.
+void dressMultiAxis(FenVisualization& node, FenTheme const& theme)
+{
+    auto* const content = dynamic_cast<FenChartMultiAxis*>(fen::contentOf(node));
+    if (!content) return;
+    for (unsigned i = 0; i < content->variables.size(); ++i) content->variables[i].colors.set({theme.axis});
+    if (content->itemColors.get().isEmpty()) content->itemColors.set(theme.palette);
+}
+
 /// Blank-separated words.
 QStringList words(char const* text)
 {
@@ -66,6 +77,10 @@ std::vector<ChartKind> const& fen::chartKinds()
          words("x y y2 group style symbol fill line-style line-width symbol-size smooth no-smooth log "
                "x-range y-range y2-range x-title y-title y2-title"),
          prepareXY, buildChart2D, sidesOf2D, nullptr},
+        {QStringLiteral("parallel"), FenVisChartPCP::typeString, words("y color-by filter"), nullptr,
+         buildParallel, nullptr, dressMultiAxis},
+        {QStringLiteral("spider"), FenVisChartSpider::typeString, words("y group fill"), nullptr, buildSpider,
+         nullptr, dressMultiAxis},
     };
     return table;
 }

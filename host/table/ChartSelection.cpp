@@ -13,11 +13,6 @@ typedef FenDataTable::Column Column;
 
 constexpr qsizetype longestName = 80; // [characters] in messages
 
-QString quoted(QString const& name)
-{
-    return QLatin1Char('"') + fen::messageText(name, longestName) + QLatin1Char('"');
-}
-
 QString kindText(Kind kind)
 {
     return kind == Kind::Number ? QStringLiteral("numbers")
@@ -38,8 +33,10 @@ public:
     {
         selection.x = _options.x.isEmpty() ? firstDate() : column(_options.x);
         if (!_options.group.isEmpty()) selection.group = column(_options.group);
-        for (QString const& name : singleNames(_options.y)) selection.left.push_back(numbers(name));
-        for (QString const& name : singleNames(_options.y2)) selection.right.push_back(numbers(name));
+        for (QString const& name : fen::singleNames(_table, _options.y))
+            selection.left.push_back(numbers(name));
+        for (QString const& name : fen::singleNames(_table, _options.y2))
+            selection.right.push_back(numbers(name));
         if (_error.isEmpty() && selection.left.empty() && selection.right.empty()) takeAll(selection);
         if (_error.isEmpty()) check(selection);
         return _error;
@@ -51,16 +48,6 @@ private:
         if (_error.isEmpty()) _error = error;
     }
 
-    /// Takes lists apart at commas, but for columns whose names have commas.
-    QStringList singleNames(QStringList const& lists) const
-    {
-        QStringList names;
-        for (QString const& list : lists)
-            names +=
-                _table.find(list) >= 0 ? QStringList(list) : list.split(QLatin1Char(','), Qt::SkipEmptyParts);
-        return names;
-    }
-
     Column const* firstDate() const
     {
         for (std::size_t i = 0; i < _table.columns(); ++i)
@@ -68,25 +55,14 @@ private:
         return nullptr;
     }
 
-    Column const* column(QString const& name)
-    {
-        int const index = _table.find(name);
-        if (index >= 0) return &_table.column(std::size_t(index));
-        QStringList shown;
-        constexpr std::size_t most = 20;
-        for (std::size_t i = 0; i < std::min(most, _table.columns()); ++i)
-            shown.append(fen::messageText(_table.column(i).name, longestName));
-        QString const more = _table.columns() > most ? QStringLiteral(", ...") : QString();
-        fail(QStringLiteral("no column %1; there are: %2").arg(quoted(name), shown.join(QStringLiteral(", ")))
-             + more);
-        return nullptr;
-    }
+    Column const* column(QString const& name) { return fen::findColumn(_table, name, _error); }
 
     Column const* numbers(QString const& name)
     {
         Column const* const found = column(name);
         if (found && found->kind != Kind::Number)
-            fail(QStringLiteral("column %1 holds %2, not numbers").arg(quoted(name), kindText(found->kind)));
+            fail(QStringLiteral("column %1 holds %2, not numbers")
+                     .arg(fen::quotedName(name), kindText(found->kind)));
         return found;
     }
 
@@ -104,10 +80,10 @@ private:
     {
         if (_options.logX && selection.x && selection.x->kind != Kind::Number)
             fail(QStringLiteral("column %1 holds %2, which have no logarithm")
-                     .arg(quoted(selection.x->name), kindText(selection.x->kind)));
+                     .arg(fen::quotedName(selection.x->name), kindText(selection.x->kind)));
         if (selection.group && selection.group->kind != Kind::Text)
             fail(QStringLiteral("column %1 holds %2; groups are made of texts")
-                     .arg(quoted(selection.group->name), kindText(selection.group->kind)));
+                     .arg(fen::quotedName(selection.group->name), kindText(selection.group->kind)));
     }
 
     FenDataTable const& _table;
@@ -116,6 +92,34 @@ private:
 };
 
 } // namespace
+
+QString fen::quotedName(QString const& name)
+{
+    return QLatin1Char('"') + fen::messageText(name, longestName) + QLatin1Char('"');
+}
+
+FenDataTable::Column const* fen::findColumn(FenDataTable const& table, QString const& name, QString& error)
+{
+    int const index = table.find(name);
+    if (index >= 0) return &table.column(std::size_t(index));
+    if (!error.isEmpty()) return nullptr;
+    QStringList shown;
+    constexpr std::size_t most = 20;
+    for (std::size_t i = 0; i < std::min(most, table.columns()); ++i)
+        shown.append(fen::messageText(table.column(i).name, longestName));
+    error =
+        QStringLiteral("no column %1; there are: %2").arg(quotedName(name), shown.join(QStringLiteral(", ")));
+    if (table.columns() > most) error += QStringLiteral(", ...");
+    return nullptr;
+}
+
+QStringList fen::singleNames(FenDataTable const& table, QStringList const& lists)
+{
+    QStringList names;
+    for (QString const& list : lists)
+        names += table.find(list) >= 0 ? QStringList(list) : list.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    return names;
+}
 
 QString fen::selectColumns(FenDataTable const& table, FenChartOptions const& options,
                            ChartSelection& selection)

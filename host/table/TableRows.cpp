@@ -2,13 +2,12 @@
 
 #include "picking/hits/VisHitProperty.h"
 #include "picking/hits/VisHitQualifiers.h"
-#include "services/chartdata/ChartVariable.h"
+#include "services/properties/Properties.h"
 
-void FenTableRows::set(FenChartVariable const& variable, std::shared_ptr<FenTableId const> table,
-                       Numbers numbers)
+void FenTableRows::set(FenProperties const& owner, std::shared_ptr<FenTableId const> table, Numbers numbers)
 {
     if (_sources.size() >= _sweepAt) forgetTheDead();
-    _sources.insert(&variable, {&variable, std::move(table), std::move(numbers)});
+    _sources.insert(&owner, {&owner, std::move(table), std::move(numbers)});
 }
 
 std::optional<FenTableRow> FenTableRows::row(FenProperties const* variable, std::size_t point) const

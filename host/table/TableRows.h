@@ -12,7 +12,6 @@
 #include <optional>
 #include <vector>
 
-class FenChartVariable;
 class FenProperties;
 class FenVisHitProperty;
 
@@ -29,7 +28,7 @@ struct FenTableRow {
     bool operator==(FenTableRow const&) const = default;
 };
 
-/// Which rows of which table the points of variables are, for picks and for selections that several
+/// Which rows of which table the points of charts are, for picks and for selections that several
 /// charts share.
 ///
 /// Costs nothing for a variable that shows all rows in their order; one that
@@ -38,8 +37,9 @@ class FENVIS_EXPORT FenTableRows {
 public:
     typedef std::shared_ptr<std::vector<std::uint32_t> const> Numbers;
 
+    /// @param owner    of the points: a variable, or the chart data object whose items are rows
     /// @param numbers  row of each point; null: point i is row i
-    void set(FenChartVariable const& variable, std::shared_ptr<FenTableId const> table, Numbers numbers);
+    void set(FenProperties const& owner, std::shared_ptr<FenTableId const> table, Numbers numbers);
     /// The row of a point; empty for a variable that was made of no table, and for a point that it has not.
     std::optional<FenTableRow> row(FenProperties const* variable, std::size_t point) const;
     /// The row of what a pick has hit; empty for anything but a data point of a table.
