@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class FenOffscreenContext;
 class FenVisScene;
@@ -22,9 +23,15 @@ struct PictureOptions {
     QSize size{1280, 800}; ///< [px] logical
     double scale = 1; ///< device pixels per logical one
     FenTheme const* theme;
+    // From where a 3D part is seen; empty: as the scene says.
+    QString view;
+    std::optional<double> azimuth, elevation; ///< [deg]
+    std::optional<double> zoom;
+    bool perspective = false;
+    std::optional<int> samples; ///< per pixel; empty: 4 for a scene with a 3D part, else 1
 
     PictureOptions();
-    /// --size, --scale, --theme
+    /// --size, --scale, --theme, and those of the camera
     static QList<QCommandLineOption> options();
     /// @param error  set to what is wrong with a word, on failure
     bool read(QCommandLineParser const& parser, QString& error);
@@ -32,6 +39,9 @@ struct PictureOptions {
     QSize deviceSize() const;
     /// Empty, or why a picture of this size cannot be drawn.
     QString sizeError() const;
+
+private:
+    void readCamera(QCommandLineParser const& parser, QString& error);
 };
 
 /// Application and OpenGL context for drawing without a display. Scenes that are drawn must be

@@ -38,12 +38,16 @@ struct FenOffscreenContext::State {
     GLuint framebuffer = 0;
     GLuint color = 0;
     GLuint depth = 0;
+    GLuint resolved = 0; // framebuffer with one sample per pixel, for reading
+    GLuint resolvedColor = 0;
+    int samples = 0;
     QSize size;
     QString error;
 
     bool createContext();
     bool createFramebuffer();
-    bool allocate(QSize const& wanted);
+    bool allocate(QSize const& wanted, int wantedSamples);
+    void storage(GLuint buffer, GLenum kind, int perPixel) const;
 };
 
 bool FenOffscreenContext::State::createContext()
@@ -68,24 +72,39 @@ bool FenOffscreenContext::State::createFramebuffer()
     glGenFramebuffers(1, &framebuffer);
     glGenRenderbuffers(1, &color);
     glGenRenderbuffers(1, &depth);
+    glGenFramebuffers(1, &resolved);
+    glGenRenderbuffers(1, &resolvedColor);
     glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
     return framebuffer != 0;
 }
 
-bool FenOffscreenContext::State::allocate(QSize const& wanted)
+void FenOffscreenContext::State::storage(GLuint buffer, GLenum kind, int perPixel) const
+{
+    glBindRenderbuffer(GL_RENDERBUFFER, buffer);
+    glRenderbufferStorageMultisample(GL_RENDERBUFFER, perPixel, kind, size.width(), size.height());
+}
+
+bool FenOffscreenContext::State::allocate(QSize const& wanted, int wantedSamples)
 {
     GLint most = 0;
+    GLint mostSamples = 0;
     glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &most);
+    glGetIntegerv(GL_MAX_SAMPLES, &mostSamples);
     int const limit = std::max<int>(most, 1);
     size = QSize(std::clamp(wanted.width(), 1, limit), std::clamp(wanted.height(), 1, limit));
-    glBindRenderbuffer(GL_RENDERBUFFER, color);
-    glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, size.width(), size.height());
-    glBindRenderbuffer(GL_RENDERBUFFER, depth);
-    glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH24_STENCIL8, size.width(), size.height());
+    samples = std::clamp<int>(wantedSamples, 0, mostSamples);
+    storage(color, GL_RGBA8, samples);
+    storage(depth, GL_DEPTH24_STENCIL8, samples);
+    if (samples > 0) {
+        storage(resolvedColor, GL_RGBA8, 0);
+        glBindFramebuffer(GL_FRAMEBUFFER, resolved);
+        glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, resolvedColor);
+    }
     glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, color);
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER, depth);
     if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) {
+        if (samples > 0) return allocate(wanted, 0);
         error = QString("No framebuffer of %1 x %2 pixels.").arg(size.width()).arg(size.height());
         return false;
     }
@@ -95,10 +114,10 @@ bool FenOffscreenContext::State::allocate(QSize const& wanted)
     return true;
 }
 
-FenOffscreenContext::FenOffscreenContext(QSize const& size)
+FenOffscreenContext::FenOffscreenContext(QSize const& size, int samples)
     : _state(std::make_unique<State>())
 {
-    if (_state->createContext() && _state->createFramebuffer()) _state->allocate(size);
+    if (_state->createContext() && _state->createFramebuffer()) _state->allocate(size, samples);
 }
 
 FenOffscreenContext::~FenOffscreenContext()
@@ -108,6 +127,8 @@ FenOffscreenContext::~FenOffscreenContext()
         glDeleteFramebuffers(1, &_state->framebuffer);
         glDeleteRenderbuffers(1, &_state->color);
         glDeleteRenderbuffers(1, &_state->depth);
+        glDeleteFramebuffers(1, &_state->resolved);
+        glDeleteRenderbuffers(1, &_state->resolvedColor);
     }
     doneCurrent();
     eglDestroyContext(surfacelessDisplay(), _state->context);
@@ -116,6 +137,7 @@ FenOffscreenContext::~FenOffscreenContext()
 bool FenOffscreenContext::valid() const { return _state->framebuffer != 0 && _state->error.isEmpty(); }
 QString FenOffscreenContext::error() const { return _state->error; }
 QSize FenOffscreenContext::size() const { return _state->size; }
+int FenOffscreenContext::samples() const { return _state->samples; }
 
 bool FenOffscreenContext::makeCurrent()
 {
@@ -138,13 +160,25 @@ bool FenOffscreenContext::isCurrent() const
 
 bool FenOffscreenContext::resize(QSize const& size)
 {
-    return makeCurrent() && (size == _state->size && valid() ? true : _state->allocate(size));
+    return makeCurrent()
+        && (size == _state->size && valid() ? true : _state->allocate(size, _state->samples));
+}
+
+bool FenOffscreenContext::setSamples(int samples)
+{
+    return makeCurrent() && (samples == _state->samples || _state->allocate(_state->size, samples));
 }
 
 QImage FenOffscreenContext::grab()
 {
     if (!valid() || !makeCurrent()) return QImage();
     QImage picture(_state->size, QImage::Format_RGBA8888);
+    if (_state->samples > 0) {
+        glBindFramebuffer(GL_DRAW_FRAMEBUFFER, _state->resolved);
+        glBlitFramebuffer(0, 0, picture.width(), picture.height(), 0, 0, picture.width(), picture.height(),
+                          GL_COLOR_BUFFER_BIT, GL_NEAREST);
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, _state->resolved);
+    }
     glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
     glPixelStorei(GL_PACK_ROW_LENGTH, 0);
     glPixelStorei(GL_PACK_SKIP_ROWS, 0);
@@ -154,5 +188,6 @@ QImage FenOffscreenContext::grab()
     if (turned) glPixelStorei(GL_PACK_INVERT_MESA, GL_TRUE);
     glReadPixels(0, 0, picture.width(), picture.height(), GL_RGBA, GL_UNSIGNED_BYTE, picture.bits());
     glPopClientAttrib();
+    glBindFramebuffer(GL_FRAMEBUFFER, _state->framebuffer);
     return turned ? picture : picture.mirrored();
 }

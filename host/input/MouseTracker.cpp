@@ -5,6 +5,8 @@
 #include "host/input/MouseTrackerState.h"
 #include "host/scene/Scene.h"
 
+#include "services/math/BoundingBox.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -47,6 +49,18 @@ bool FenMouseTracker::dragging() const { return _state->draggingSomething(); }
 FenVisHitProperty FenMouseTracker::hovered() const { return _state->hovered.property; }
 QString FenMouseTracker::tooltip() const { return _state->tooltip; }
 FenChartNavigation& FenMouseTracker::navigation() { return _state->navigation; }
+FenCamera& FenMouseTracker::camera() { return _state->camera; }
+
+bool FenMouseTracker::key(int key)
+{
+    static char const* const directions[] = {"front", "back", "left", "right", "top", "bottom", "iso"};
+    FenVisScene& scene = _state->scene;
+    if (pressed() || !_state->may(Pan) || !scene.root().boundingBox().defined()) return false;
+    if (key >= Qt::Key_1 && key <= Qt::Key_7)
+        return _state->answer(_state->camera.look(QLatin1String(directions[key - Qt::Key_1])));
+    if (key != Qt::Key_P) return false;
+    return _state->answer(_state->camera.setPerspective(!scene.perspective.get()));
+}
 
 bool FenMouseTracker::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
@@ -103,7 +117,8 @@ bool FenMouseTracker::doubleClick(QPoint point, Qt::MouseButton button, Qt::Keyb
     State& state = *_state;
     bool const plain = button == Qt::LeftButton && !(modifiers & Qt::ShiftModifier);
     bool const fits = !pressed() && plain && state.may(DoubleClickFit) && state.chartIsOnTop(point);
-    if (fits && state.navigation.fit(point)) return state.answer(true);
+    if (fits && (state.navigation.fit(point) || (state.camera.takes(point) && state.camera.fit())))
+        return state.answer(true);
     return press(point, button, modifiers);
 }
 
@@ -112,14 +127,17 @@ bool FenMouseTracker::wheel(QPoint point, double steps)
     State& state = *_state;
     if (pressed() || !state.may(WheelZoom) || !std::isfinite(steps)) return false;
     double const factor = std::pow(zoomPerStep, std::clamp(steps, -mostSteps, mostSteps));
-    if (!state.navigation.zoom(point, factor)) return false;
+    bool const zoomed = state.camera.takes(point) ? state.camera.zoomBy(1 / factor, point)
+                                                  : state.navigation.zoom(point, factor);
+    if (!zoomed) return false;
     move(point); // the pointer is over something else now
     return state.answer(true);
 }
 
 bool FenMouseTracker::takesWheel(QPoint point) const
 {
-    return pressed() || (_state->may(WheelZoom) && _state->navigation.canZoom(point));
+    bool const zooms = _state->navigation.canZoom(point) || _state->camera.takes(point);
+    return pressed() || (_state->may(WheelZoom) && zooms);
 }
 
 bool FenMouseTracker::leave()

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 
+class FenCamera;
 class FenChartNavigation;
 class FenVisHitRecord;
 class FenVisScene;
@@ -33,9 +34,9 @@ public:
         Hover = 1, ///< highlights and tooltips
         Select = 2, ///< clicks
         NodeDrag = 4, ///< sliders, legends, annotations
-        Pan = 8, ///< drag on a chart
+        Pan = 8, ///< drag on a chart, and what moves the camera
         WheelZoom = 16,
-        RubberBand = 32, ///< right button, or left with shift
+        RubberBand = 32, ///< right button, or left with shift; over a 3D part they move the picture
         DoubleClickFit = 64,
         AllInteractions = 127
     };
@@ -82,6 +83,9 @@ public:
     bool takesWheel(QPoint point) const;
     /// The pointer has left the window; during a drag it may come back.
     bool leave();
+    /// A key (Qt::Key) of the camera: 1 to 7 look from front, back, left, right, top, bottom and the
+    /// isometric direction, P switches perspective. False for any other, and without a 3D part.
+    bool key(int key);
     /// Ends a drag and puts back what it changed (escape, loss of the window).
     bool cancel();
 
@@ -96,6 +100,7 @@ public:
     /// Text of the tooltip that is shown; empty for none.
     QString tooltip() const;
     FenChartNavigation& navigation();
+    FenCamera& camera();
 
 private:
     struct State;

@@ -88,7 +88,8 @@ void FenMouseTracker::State::hoverSoon()
 bool FenMouseTracker::State::chartIsOnTop(QPoint point) const
 {
     Hit const top = pick(point);
-    return !top || top.node == fen::chartAt(scene, point);
+    FenVisChart const* const chart = fen::chartAt(scene, point);
+    return !top || !chart || top.node == chart;
 }
 
 bool FenMouseTracker::State::hover()
@@ -155,6 +156,8 @@ bool FenMouseTracker::State::drag(QPoint point)
         redraw = dragNode(point);
     } else if (phase == Navigates) {
         redraw = navigation.drag(point);
+    } else if (phase == Looks) {
+        redraw = camera.drag(point);
     }
     if (phase != Waiting) lastPoint = point;
     if (phase == RubberBands && output.rubberBand) output.rubberBand(rectangle());
@@ -164,6 +167,7 @@ bool FenMouseTracker::State::drag(QPoint point)
 bool FenMouseTracker::State::startDrag(QPoint point)
 {
     setTooltip(QString());
+    if (rubberBand && may(Pan) && startLooking(point, true)) return true;
     if (rubberBand) {
         phase = may(RubberBand) && navigation.canZoom(pressPoint) ? RubberBands : Over;
         return false;
@@ -177,7 +181,15 @@ bool FenMouseTracker::State::startDrag(QPoint point)
         phase = Navigates;
         return navigation.drag(point);
     }
+    if (phase == Undecided && may(Pan)) return startLooking(point, false);
     return false; // offered again with the next move
+}
+
+bool FenMouseTracker::State::startLooking(QPoint point, bool moves)
+{
+    if (!camera.beginDrag(pressPoint, moves)) return false;
+    phase = Looks;
+    return camera.drag(point);
 }
 
 bool FenMouseTracker::State::dragNode(QPoint point)
@@ -214,6 +226,9 @@ bool FenMouseTracker::State::finish()
         return releaseNode();
     case Navigates:
         navigation.endDrag();
+        return true;
+    case Looks:
+        camera.endDrag();
         return true;
     case RubberBands:
         if (output.rubberBand) output.rubberBand(QRect());
@@ -255,8 +270,9 @@ bool FenMouseTracker::State::abandon()
 {
     Phase const was = phase;
     phase = Over;
-    if (was == Navigates) {
+    if (was == Navigates || was == Looks) {
         navigation.cancelDrag();
+        camera.cancelDrag();
         return true;
     }
     if (was == RubberBands && output.rubberBand) output.rubberBand(QRect());

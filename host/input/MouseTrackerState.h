@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/Visualization.h"
+#include "host/camera/Camera.h"
 #include "host/edit/TreeSnapshot.h"
 #include "host/input/ChartNavigation.h"
 #include "host/input/MouseTracker.h"
@@ -31,6 +32,7 @@ struct FenMouseTracker::State : IFenSceneObserver {
         Undecided, ///< moved, but nobody has taken the drag yet
         NodeDrags, ///< the node's handler has taken it
         Navigates, ///< the navigation has taken it
+        Looks, ///< the camera has taken it
         RubberBands, ///< a rectangle is being drawn
         Over ///< ended while the button is still down
     };
@@ -38,6 +40,7 @@ struct FenMouseTracker::State : IFenSceneObserver {
     explicit State(FenVisScene& theScene)
         : scene(theScene)
         , navigation(theScene)
+        , camera(theScene)
     {
         rest.setInterval(30);
         scene.addObserver(*this);
@@ -47,7 +50,7 @@ struct FenMouseTracker::State : IFenSceneObserver {
     bool may(unsigned any, unsigned other = 0) const { return (interactions & (any | other)) != 0; }
     bool draggingSomething() const
     {
-        return phase == NodeDrags || phase == Navigates || phase == RubberBands;
+        return phase == NodeDrags || phase == Navigates || phase == Looks || phase == RubberBands;
     }
     /// Tells the owner when a redraw is due, and passes the answer on.
     bool answer(bool redraw) const;
@@ -71,6 +74,7 @@ struct FenMouseTracker::State : IFenSceneObserver {
 
     FenVisScene& scene;
     FenChartNavigation navigation;
+    FenCamera camera;
     Output output;
     std::function<void(FenVisHitProperty const&)> selected;
     unsigned interactions = AllInteractions;
@@ -95,6 +99,7 @@ private:
     static bool tell(Hit& to, Call const& call);
     bool forgetHovered();
     bool startDrag(QPoint point);
+    bool startLooking(QPoint point, bool moves);
     bool dragNode(QPoint point);
     bool releaseNode();
     bool click();

@@ -4,6 +4,7 @@
 #include "host/scene/SceneParts.h"
 #include "host/table/ChartKinds.h"
 
+#include "scene/VisLight.h"
 #include "services/logging/Checks.h"
 
 namespace {
@@ -31,15 +32,27 @@ FenVisScene::Parts::Parts()
     : cache(resource)
     , text(cache)
     , root(group, QStringLiteral("node"))
+    , lights(group)
+    , defaultLights(group)
+    , viewpoint(group)
     , passEdit(boost::make_shared<PassPropertyEdit>())
     , userEdit(boost::make_shared<FenUndoPropertyEdit>(undoStack))
 {
     root.enabled.set(true);
+    lights.rename(QStringLiteral("lights"));
+    viewpoint.rename(QStringLiteral("viewpoint"));
+    FenVisLight& light = defaultLights.child(QStringLiteral("light"), FenVisLight::typeString);
+    light.enabled.set(true);
+    light.ambient.set(QColor(70, 70, 70));
+    light.diffuse.set(QColor(215, 215, 215));
+    light.specular.set(QColor(60, 60, 60));
+    light.position.set(Kes::Math::Vector3(-3e5F, 5e5F, 1e6F)); // far beyond any box: a direction
 }
 
 FenVisScene::FenVisScene()
     : _parts(std::make_unique<Parts>())
     , background(_parts->root, QStringLiteral("background"), Qt::white, QString())
+    , perspective(_parts->root, QStringLiteral("perspective"), false, QString())
 {
 }
 
@@ -55,6 +68,8 @@ FenModifiedGroup& FenVisScene::group() { return _parts->group; }
 FenVisList& FenVisScene::root() { return _parts->root; }
 FenVisList const& FenVisScene::root() const { return _parts->root; }
 FenResource& FenVisScene::resource() { return _parts->resource; }
+FenVisLightList& FenVisScene::lights() { return _parts->lights; }
+FenVisViewpoint& FenVisScene::viewpoint() { return _parts->viewpoint; }
 FenOglCache& FenVisScene::cache() { return _parts->cache; }
 FenOglText& FenVisScene::text() { return _parts->text; }
 FenOglGeometry& FenVisScene::geometry() { return _parts->geometry; }

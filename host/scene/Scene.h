@@ -22,6 +22,8 @@ class FenOglText;
 class FenResource;
 class FenTableRows;
 class FenUndoPropertyEdit;
+class FenVisLightList;
+class FenVisViewpoint;
 class IFenSceneObserver;
 class QUndoStack;
 
@@ -56,6 +58,8 @@ public:
 
     /// Colour that the picture is cleared to; key "background" of the root.
     FenPropertyAdaptor<QColor> background;
+    /// The 3D part is drawn in perspective; key "perspective" of the root. False: parallel.
+    FenPropertyAdaptor<bool> perspective;
     /// How numbers are written in labels and tooltips. After a change of it call `touch`.
     Kes::Math::NumberFormat numberFormat;
 
@@ -63,6 +67,12 @@ public:
     FenVisList& root();
     FenVisList const& root() const;
     FenResource& resource();
+    /// Lights of the 3D pass, "lights"; as long as none of them is enabled, one light over the
+    /// viewer's shoulder.
+    FenVisLightList& lights();
+    /// From where the 3D part is seen, "viewpoint"; see `FenCamera`. The identity stands for the
+    /// isometric view of everything.
+    FenVisViewpoint& viewpoint();
 
     /// Makes an enabled node in the root. A name that is taken gets the suffix ".2", ".3" ...
     /// @return the node; it belongs to the root

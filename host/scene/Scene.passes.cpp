@@ -1,3 +1,4 @@
+#include "host/camera/CameraPose.h"
 #include "host/scene/SceneParts.h"
 
 #include "framework/UpdateContext.h"
@@ -88,18 +89,37 @@ private:
     FrameState _state;
 };
 
-/// Matrices of the 3D pass: `box`, seen along the z axis, fits into the picture.
-void setMatrices3d(FenVisualization::DrawContext& context, Kes::Math::BoundingBox const& box)
+/// How the 3D pass is seen, while it lives: by the matrices of the whole picture, and by what every
+/// node in it that has a viewport of its own makes of the camera.
+class View3d {
+public:
+    View3d(FenVisScene& scene, FenVisualization::DrawContext& context)
+        : _pose(fen::CameraPose::of(scene.viewpoint().modelView.get(), scene.root().boundingBox(),
+                                    double(context.viewport.width()) / context.viewport.height()))
+        , _view(_pose.view(scene.perspective.get() ? perspectiveAngle : 0))
+    {
+        context.modelView = _pose.rotation();
+        glViewport(context.viewport);
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        glOrtho(context.viewport, scene.root().boundingBox(), context.modelView);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadMatrix(context.modelView);
+        context.projection = glGetProjectionMatrix();
+    }
+
+private:
+    static constexpr double perspectiveAngle = 35; // [deg] as a picture at arm's length
+
+    fen::CameraPose _pose;
+    fen::FittedViewScope _view;
+};
+
+bool anyEnabled(FenVisLightList const& lights)
 {
-    Kes::Math::Matrix const modelView;
-    glViewport(context.viewport);
-    glMatrixMode(GL_PROJECTION);
-    glLoadIdentity();
-    glOrtho(context.viewport, box, modelView);
-    glMatrixMode(GL_MODELVIEW);
-    glLoadMatrix(modelView);
-    context.projection = glGetProjectionMatrix();
-    context.modelView = modelView;
+    for (unsigned i = 0; i < lights.size(); ++i)
+        if (lights.at(i) && lights.at(i)->enabled.get()) return true;
+    return false;
 }
 
 /// Matrices of the 2D pass: one unit is one pixel.
@@ -195,10 +215,14 @@ void FenVisScene::draw()
     FenVisualization::DrawContext context = parts.drawContext(parts.userEdit, numberFormat);
     clearTo(background.get());
 
-    setMatrices3d(context, parts.root.boundingBox());
-    glEnable(GL_DEPTH_TEST);
-    parts.root.draw3d(context);
-
+    {
+        View3d const view(*this, context);
+        (anyEnabled(parts.lights) ? parts.lights : parts.defaultLights).setLighting();
+        glEnable(GL_DEPTH_TEST);
+        glEnable(GL_MULTISAMPLE); // where the framebuffer has samples
+        parts.root.draw3d(context);
+    }
+    glDisable(GL_MULTISAMPLE); // lines in the plane have better edges by blending
     glDisable(GL_DEPTH_TEST);
     setMatrices2d(context);
     parts.root.draw2d(context);
@@ -215,10 +239,11 @@ FenVisHitRecordList FenVisScene::select(QPoint point, QSize size)
     context.point = point;
     context.size = size.expandedTo(QSize(1, 1));
 
-    setMatrices3d(context, parts.root.boundingBox());
-    glEnable(GL_DEPTH_TEST);
-    hits.insert(parts.root.select3d(context));
-
+    {
+        View3d const view(*this, context);
+        glEnable(GL_DEPTH_TEST);
+        hits.insert(parts.root.select3d(context));
+    }
     glDisable(GL_DEPTH_TEST);
     setMatrices2d(context);
     hits.insert(parts.root.select2d(context));

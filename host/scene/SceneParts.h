@@ -6,6 +6,8 @@
 #include "host/scene/Scene.h"
 #include "host/scene/SceneObserver.h"
 #include "host/table/TableRows.h"
+#include "scene/VisLightList.h"
+#include "scene/VisViewpoint.h"
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/OglText.h"
@@ -45,6 +47,9 @@ struct FenVisScene::Parts {
     FenOglCache cache;
     FenOglText text;
     FenVisList root;
+    FenVisLightList lights;
+    FenVisLightList defaultLights; // in their place where none is enabled
+    FenVisViewpoint viewpoint;
     QUndoStack undoStack;
     boost::shared_ptr<IFenVisPropertyEdit> passEdit;
     boost::shared_ptr<FenUndoPropertyEdit> userEdit;

@@ -19,6 +19,7 @@
 
 namespace {
 
+int const samples = 4; // per pixel, for the edges of what is drawn in three dimensions
 double const degreesPerNotch = 15;
 double const eighthsPerDegree = 8;
 
@@ -42,6 +43,7 @@ FenVisWidget::FenVisWidget(QWidget* parent)
     glFormat.setProfile(QSurfaceFormat::CompatibilityProfile);
     glFormat.setDepthBufferSize(24);
     glFormat.setStencilBufferSize(8);
+    glFormat.setSamples(samples);
     setFormat(glFormat);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -193,5 +195,7 @@ void FenVisWidget::keyPressEvent(QKeyEvent* event)
         _tracker->cancel();
         return;
     }
+    bool const plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    if (plain && _tracker->key(event->key())) return;
     QOpenGLWidget::keyPressEvent(event);
 }

@@ -1,5 +1,7 @@
 #include "services/opengl/GlWrappers.h"
 
+#include "services/opengl/FittedView.h"
+
 #include "services/math/BoundingBox.h"
 #include "services/math/Matrix.h"
 #include "services/math/Vector3.h"
@@ -14,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 
 using Kes::Math::BoundingBox;
 using Kes::Math::Matrix;
@@ -54,6 +57,44 @@ BoundingBox eyeBox(BoundingBox const& box, Matrix const& modelView)
     if (usable(seen.min()) && usable(seen.max())) return seen;
     fen::warnOnce("The bounding box of a projection must be finite.", "@line 55");
     return unit;
+}
+
+/// Projection of a box with this centre and half extents [eye], as a user has zoomed, moved and bent it.
+///
+/// Perspective as glFrustum makes it, its eye so far in front of the centre that the opening angle holds
+/// there, and drawn together so that the front of the box fits as the middle does in a parallel view.
+Matrix throughView(fen::FittedView const& view, Vector3 const& center, Vector3 const& half)
+{
+    double const panX = view.panX * half.y() / half.x();
+    double const panY = view.panY;
+    Matrix m;
+    if (!(view.angle > 0)) {
+        m(0, 0) = float(view.zoom / half.x());
+        m(1, 1) = float(view.zoom / half.y());
+        m(2, 2) = -1 / half.z();
+        m(0, 3) = float(panX - view.zoom * center.x() / half.x());
+        m(1, 3) = float(panY - view.zoom * center.y() / half.y());
+        m(2, 3) = center.z() / half.z();
+        return m;
+    }
+    constexpr double leastDistance = 1.25; // in half depths: the eye stays in front of the box
+    double const tangent = std::tan(view.angle * std::numbers::pi / 360);
+    double const distance = std::max(half.y() / tangent, leastDistance * half.z());
+    double const near = distance - half.z();
+    double const far = distance + half.z();
+    double const size = view.zoom * near; // over the distance, of which near is the share that fits
+    double const eye = center.z() + distance; // place of the eye on the z axis
+    m(0, 0) = float(size / half.x());
+    m(1, 1) = float(size / half.y());
+    m(0, 2) = float(-panX);
+    m(1, 2) = float(-panY);
+    m(0, 3) = float(panX * eye - size * center.x() / half.x());
+    m(1, 3) = float(panY * eye - size * center.y() / half.y());
+    m(2, 2) = float(-(far + near) / (far - near));
+    m(2, 3) = float((far + near) / (far - near) * eye - 2 * far * near / (far - near));
+    m(3, 2) = -1;
+    m(3, 3) = float(eye);
+    return m;
 }
 
 } // namespace
@@ -116,6 +157,11 @@ void glOrtho(FenOglViewport const& viewport, BoundingBox const& box, Matrix cons
     double const halfWidth = halfHeight * aspect;
     constexpr double slack = 1.1; // beyond the box: the far plane wraps in selection mode
     double const halfDepth = std::max({slack * half.z(), 0.01 * halfHeight, least});
+    if (!fen::fittedView().plain()) {
+        glMultMatrix(throughView(fen::fittedView(), center,
+                                 Vector3(float(halfWidth), float(halfHeight), float(halfDepth))));
+        return;
+    }
     glOrtho(center.x() - halfWidth, center.x() + halfWidth, center.y() - halfHeight, center.y() + halfHeight,
             -center.z() - halfDepth, -center.z() + halfDepth);
 }

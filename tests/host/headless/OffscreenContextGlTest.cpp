@@ -52,6 +52,27 @@ TEST(OffscreenContext, KeepsItsPictureWhileAnotherIsCurrent)
     EXPECT_EQ(64, Picture(first.grab()).count(Qt::red));
 }
 
+TEST(OffscreenContext, SamplesSmoothEdgesAndGiveTheSameBitsTwice)
+{
+    FenOffscreenContext context(QSize(64, 64), 4);
+    auto const draw = [&] {
+        fill(Qt::white);
+        glEnable(GL_MULTISAMPLE);
+        glColor3f(1, 0, 0);
+        glBegin(GL_TRIANGLES);
+        glVertex2f(-0.9F, -0.8F);
+        glVertex2f(0.9F, -0.5F);
+        glVertex2f(0.1F, 0.9F);
+        glEnd();
+        return Picture(context.grab());
+    };
+    Picture const smooth = draw();
+    EXPECT_TRUE(context.samples() == 0 || smooth.colors() > 3) << smooth.colors();
+    EXPECT_EQ(0, smooth.differingPixels(draw()));
+    EXPECT_TRUE(context.setSamples(0));
+    EXPECT_EQ(2, draw().colors());
+}
+
 TEST(OffscreenContext, TakesAnySizeAndManyContextsAfterEachOther)
 {
     EXPECT_EQ(QSize(1, 1), FenOffscreenContext(QSize(0, -7)).size());
