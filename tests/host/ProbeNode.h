@@ -1,11 +1,10 @@
 #pragma once
 
 #include "framework/DrawContext.h"
-#include "framework/Visualization.h"
+#include "framework/VisPassiveNode.h"
 #include "picking/hits/IVisEventHandler.h"
 #include "picking/hits/VisHitRecord.h"
 #include "picking/hits/VisHitRecordList.h"
-#include "services/math/BoundingBox.h"
 
 #include <QPoint>
 #include <QRect>
@@ -20,7 +19,7 @@
 /// A node of coloured squares [px, y up] that can be picked without drawing, and a handler that
 /// writes down each call: "over 2", "drag 1 (3,-4)". Dragging counts into "moved", releasing
 /// writes it into "x".
-class ProbeNode : public FenVisualization {
+class ProbeNode : public FenVisPassiveNode {
 public:
     class Handler : public IFenVisEventHandler {
     public:
@@ -69,7 +68,7 @@ public:
     };
 
     explicit ProbeNode(FenModifiedGroup& group)
-        : FenVisualization(group)
+        : FenVisPassiveNode(group)
         , x(*this, QStringLiteral("x"), 0, QString())
         , handler(boost::make_shared<Handler>(*this))
     {
@@ -93,12 +92,8 @@ public:
         return name > 0 && name <= owners.size() ? owners[name - 1].get() : this;
     }
 
-    bool getViewport(FenOglViewport const&, FenOglViewport&) const override { return false; }
     void update(DrawContext const&) override { ++updates; }
     void resize(DrawContext const&) override { ++resizes; }
-    void draw3d(DrawContext const&) const override { }
-    void draw2d(DrawContext const&) const override { }
-    FenVisHitRecordList select3d(SelectContext const&) const override { return {}; }
     FenVisHitRecordList select2d(SelectContext const& context) const override
     {
         ++picks;
@@ -111,5 +106,4 @@ public:
         }
         return FenVisHitRecordList(records, handler, this, layer.get());
     }
-    Kes::Math::BoundingBox boundingBox() const override { return {}; }
 };
