@@ -167,10 +167,11 @@ void addTimes(Ticks& ticks, Step const& step, double min, double max)
         double const at = k * step.length;
         bool const midnight = std::fmod(at, dayLength) == 0.0;
         QString const text = clockText(at, tellsSeconds);
-        if (midnight)
-            ticks.push_back({at, dayText(dateOf(at))});
-        else
-            ticks.push_back({at, ticks.empty() && !tellsSeconds ? dayText(dateOf(at)) + ' ' + text : text});
+        year_month_day const date = dateOf(at);
+        bool const tellsYear =
+            ticks.empty() || (date.month() == month(1) && date.day() == std::chrono::day(1));
+        QString const day = dayText(date) + (tellsYear ? ' ' + yearText(date) : QString());
+        ticks.push_back({at, midnight ? day : ticks.empty() ? day + ' ' + text : text});
     }
 }
 
@@ -182,7 +183,8 @@ void addParts(Ticks& ticks, double step, double min, double max)
         double const at = base + k * step;
         double const whole = std::floor(at + 0.5 * smallestStep);
         QString const part = QString::number(std::max(at - whole, 0.0), 'f', digits).mid(1);
-        ticks.push_back({at, clockText(whole, true) + part});
+        QString const day = dayText(dateOf(at)) + ' ' + yearText(dateOf(at)) + ' ';
+        ticks.push_back({at, (ticks.empty() ? day : QString()) + clockText(whole, true) + part});
     }
 }
 

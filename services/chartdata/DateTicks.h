@@ -14,7 +14,8 @@ struct DateTick {
 /// Ticks at whole years, months, days, hours, minutes, seconds or decimal parts of a second, ascending.
 ///
 /// A label tells what its step tells: "2012", "Apr", "15 Apr", "14:30", "14:30:05". The first label and
-/// those where a longer unit begins tell that too: "Jan 2013", "1 Jan 2013", "16 Apr" at midnight.
+/// those where a longer unit begins tell that too: "Jan 2013", "1 Jan 2013", "16 Apr" at midnight. So the
+/// day and the year can always be told: "15 Apr 2012 14:30:05.2" at the first of parts of seconds.
 /// @param min, max   [seconds] of the axis, finite and ascending
 /// @param divisions  about how many intervals, at least 1
 /// @return empty when the calendar does not reach that far (year 0 to 9999) or parts of a second are

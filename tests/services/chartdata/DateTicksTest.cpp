@@ -41,13 +41,16 @@ TEST(DateTicks, FallOnCalendarStepsWithUnambiguousLabels)
          "2012-03-06T12:00:00Z",
          7,
          {"21 Feb 2012", "23 Feb", "25 Feb", "27 Feb", "1 Mar", "3 Mar", "5 Mar"}}, // no 29 Feb beside 1 Mar
-        {"2012-04-15T19:00:00Z", "2012-04-16T07:00:00Z", 4, {"15 Apr 21:00", "16 Apr", "03:00", "06:00"}},
+        {"2012-04-15T19:00:00Z",
+         "2012-04-16T07:00:00Z",
+         4,
+         {"15 Apr 2012 21:00", "16 Apr", "03:00", "06:00"}},
         {"2012-04-15T14:22:00Z",
          "2012-04-15T14:52:00Z",
          6,
-         {"15 Apr 14:25", "14:30", "14:35", "14:40", "14:45", "14:50"}},
-        {"2012-04-15T23:59:50Z", "2012-04-16T00:00:12Z", 2, {"23:59:50", "16 Apr", "00:00:10"}},
-        {"1969-12-31T23:00:00Z", "1970-01-01T01:00:00Z", 2, {"31 Dec 23:00", "1 Jan", "01:00"}},
+         {"15 Apr 2012 14:25", "14:30", "14:35", "14:40", "14:45", "14:50"}},
+        {"2012-04-15T23:59:50Z", "2012-04-16T00:00:12Z", 2, {"15 Apr 2012 23:59:50", "16 Apr", "00:00:10"}},
+        {"1969-12-31T23:00:00Z", "1970-01-01T01:00:00Z", 2, {"31 Dec 1969 23:00", "1 Jan 1970", "01:00"}},
     };
     for (auto const& row : rows) {
         double const from = seconds(row.from), to = seconds(row.to);
@@ -64,9 +67,9 @@ TEST(DateTicks, ReachDownToPartsOfASecond)
 {
     double const at = seconds("2012-04-15T14:30:05Z");
     EXPECT_EQ(labels(fen::dateTicks(at - 0.01, at + 1.01, 4)),
-              QStringList({"14:30:05.0", "14:30:05.5", "14:30:06.0"}));
+              QStringList({"15 Apr 2012 14:30:05.0", "14:30:05.5", "14:30:06.0"}));
     EXPECT_EQ(labels(fen::dateTicks(at + 0.0009, at + 0.0021, 1)),
-              QStringList({"14:30:05.001", "14:30:05.002"}));
+              QStringList({"15 Apr 2012 14:30:05.001", "14:30:05.002"}));
 }
 
 TEST(DateTicks, LeaveWhatNoCalendarHoldsToNumbers)
