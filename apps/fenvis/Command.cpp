@@ -98,6 +98,13 @@ int command::badInput(QString const& message)
     return BadInput;
 }
 
+void command::remark(QStringList const& lines)
+{
+    constexpr qsizetype most = 10;
+    for (QString const& line : lines.mid(0, most)) write(stderr, line + QLatin1Char('\n'));
+    if (lines.size() > most) write(stderr, QStringLiteral("and %1 more of such\n").arg(lines.size() - most));
+}
+
 int command::wrongUsage(Command const& self, QString const& message)
 {
     write(stderr,

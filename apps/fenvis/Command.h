@@ -34,6 +34,8 @@ QList<QCommandLineOption> chartOptions();
 int runChart(Call const& call, Command const& self);
 QList<QCommandLineOption> pickOptions();
 int runPick(Call const& call, Command const& self);
+QList<QCommandLineOption> columnsOptions();
+int runColumns(Call const& call, Command const& self);
 QList<QCommandLineOption> noOptions();
 int runView(Call const& call, Command const& self);
 int runTypes(Call const& call, Command const& self);
@@ -50,6 +52,8 @@ bool parse(Call const& call, Command const& self, int least, int most, QCommandL
 /// Says what is wrong on standard error; the exit status to return.
 int badInput(QString const& message);
 int wrongUsage(Command const& self, QString const& message);
+/// Says what the user may want to know but need not act upon, on standard error; of many lines the first.
+void remark(QStringList const& lines);
 /// A text on standard output.
 void print(QString const& text);
 QString helpText(Command const& self);

@@ -7,6 +7,7 @@
 #include "host/scene/Theme.h"
 #include "host/table/ChartArguments.h"
 #include "host/table/DataTable.h"
+#include "host/table/ReadArguments.h"
 #include "host/table/RecordFilter.h"
 
 #include "charts/parallel/VisChartPCP.h"
@@ -18,20 +19,23 @@ command::TableChart::~TableChart() = default;
 
 QList<QCommandLineOption> command::TableChart::options()
 {
-    return fen::chartArguments() + PictureOptions::options();
+    return fen::chartArguments() + fen::readArguments() + PictureOptions::options();
 }
 
 std::optional<int> command::TableChart::prepare(Call const& call, Command const& self,
                                                 QCommandLineParser const& parser)
 {
     QString error;
-    if (!fen::readChartArguments(parser, _chart, error) || !picture.read(parser, error))
+    FenReadOptions reading;
+    if (!fen::readChartArguments(parser, _chart, error) || !picture.read(parser, error)
+        || !fen::readReadArguments(parser, _chart.x, reading, error))
         return wrongUsage(self, error);
     error = picture.sizeError();
     if (!error.isEmpty()) return badInput(error);
     _file = parser.positionalArguments().first();
     _table = std::make_unique<FenDataTable>();
-    if (!FenDataTable::read(_file, *_table, error)) return badInput(error);
+    if (!FenDataTable::read(_file, *_table, error, reading)) return badInput(error);
+    remark(_table->notes());
     canvas = std::make_unique<Canvas>(call.argc, call.argv);
     if (!canvas->prepare(picture, error)) return badInput(error);
     return {};
@@ -40,7 +44,11 @@ std::optional<int> command::TableChart::prepare(Call const& call, Command const&
 std::optional<int> command::TableChart::build(FenVisScene& scene) const
 {
     QString error;
-    if (fen::addChart(scene, *_table, _chart, *picture.theme, error)) return {};
+    QStringList remarks;
+    bool const added = fen::addChart(scene, *_table, _chart, *picture.theme, error, &remarks);
+    for (QString& line : remarks) line.prepend(fen::messageText(_file) + QStringLiteral(": "));
+    remark(remarks);
+    if (added) return {};
     return badInput(fen::messageText(_file) + QStringLiteral(":1: ") + error);
 }
 

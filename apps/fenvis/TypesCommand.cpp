@@ -1,4 +1,5 @@
 #include "apps/fenvis/Command.h"
+#include "apps/fenvis/TextTable.h"
 
 #include "framework/VisList.h"
 #include "services/chartdata/ChartAxis.h"
@@ -11,12 +12,7 @@
 
 namespace {
 
-/// A setting as a table shows it.
-struct Row {
-    QString key, type, value, unit;
-};
-
-void collect(FenProperties const& item, QString const& path, std::vector<Row>& rows)
+void collect(FenProperties const& item, QString const& path, command::TextTable& rows)
 {
     FenPropertiesString const& store = item.string();
     for (QString const& key : store.keys())
@@ -42,10 +38,10 @@ QStringList allTypes()
                       FenChartAxisDiscrete::typeString};
 }
 
-std::vector<Row> rowsOf(QString const& type)
+command::TextTable rowsOf(QString const& type)
 {
     FenModifiedGroup group;
-    std::vector<Row> rows{
+    command::TextTable rows{
         {QStringLiteral("key"), QStringLiteral("type"), QStringLiteral("default"), QStringLiteral("unit")}};
     if (std::unique_ptr<FenProperties> const item = makeItem(type, group)) {
         collect(*item, QString(), rows);
@@ -54,26 +50,6 @@ std::vector<Row> rowsOf(QString const& type)
         collect(list.child(QStringLiteral("node"), type), QString(), rows);
     }
     return rows;
-}
-
-QString table(std::vector<Row> const& rows)
-{
-    int keyWidth = 0;
-    int typeWidth = 0;
-    int valueWidth = 0;
-    for (Row const& row : rows) {
-        keyWidth = std::max(keyWidth, int(row.key.size()));
-        typeWidth = std::max(typeWidth, int(row.type.size()));
-        valueWidth = std::max(valueWidth, int(row.value.size()));
-    }
-    QString text;
-    for (Row const& row : rows) {
-        QString line = row.key.leftJustified(keyWidth + 2) + row.type.leftJustified(typeWidth + 2)
-            + row.value.leftJustified(valueWidth + 2) + row.unit;
-        while (line.endsWith(QLatin1Char(' '))) line.chop(1);
-        text += line + QLatin1Char('\n');
-    }
-    return text;
 }
 
 } // namespace
@@ -91,6 +67,6 @@ int command::runTypes(Call const& call, Command const& self)
     QString const type = parser.positionalArguments().first();
     if (!types.contains(type))
         return wrongUsage(self, QStringLiteral("there is no such type; fenvis types lists all"));
-    print(table(rowsOf(type)));
+    print(textTable(rowsOf(type)));
     return Success;
 }

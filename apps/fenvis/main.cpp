@@ -7,30 +7,33 @@
 
 #include <QLoggingCategory>
 
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
 using command::Command;
 
-std::array<Command, 5> const& commands()
+std::vector<Command> const& commands()
 {
-    static std::array<Command, 5> const table{{
+    static std::vector<Command> const table{
         {"chart", "DATA.csv [options] -o OUT.png", "Draws a chart of a CSV file.", command::chartOptions,
          command::runChart},
         {"pick", "DATA.csv [options] --at X,Y", "Says as JSON what lies at a point of the chart.",
          command::pickOptions, command::runPick},
+        {"columns", "DATA.csv [options]",
+         "Lists the columns of a CSV file: name, type, unit, range, missing values, and which would be x.",
+         command::columnsOptions, command::runColumns},
         {"view", "[DATA.csv]", "Shows a CSV file in a window.", command::noOptions, command::runView},
         {"types", "[TYPE]", "Lists all types; of one type all settings with their types, defaults and units.",
          command::noOptions, command::runTypes},
         {"gallery", "FOLDER", "Draws the gallery of sample charts into a folder, with an index.html.",
          command::galleryOptions, command::runGallery},
-    }};
+    };
     return table;
 }
 

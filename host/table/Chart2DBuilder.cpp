@@ -1,5 +1,7 @@
+#include "host/output/MessageText.h"
 #include "host/scene/Scene.h"
 #include "host/scene/Theme.h"
+#include "host/table/AxisChoice.h"
 #include "host/table/ChartBuilder.h"
 #include "host/table/ChartKinds.h"
 #include "host/table/ChartSelection.h"
@@ -67,14 +69,15 @@ private:
         FenChartAxis* const axis = chart.xAxes.setFirst(QStringLiteral("x"),
                                                         texts ? FenChartAxisDiscrete::typeString
                                                               : FenChartAxisContinuous::typeString);
-        bool const dates = x && x->kind == Kind::Date;
-        // Dates need no explanation, a row number does.
-        axis->title.set(_options.xTitle.value_or(dates ? QString() : x ? x->name : QStringLiteral("row")));
+        bool const dates = x && (x->kind == Kind::Date || x->kind == Kind::Time);
+        // Dates need no explanation but their zone, a row number does.
+        axis->title.set(_options.xTitle.value_or(dates ? x->zone : x ? x->name : QStringLiteral("row")));
         setRange(*axis, _options.xRange);
         if (auto* const discrete = dynamic_cast<FenChartAxisDiscrete*>(axis))
             discrete->labels.set(x->categories);
         if (auto* const continuous = dynamic_cast<FenChartAxisContinuous*>(axis)) {
             continuous->logarithmic.set(_options.logX);
+            if (x && !dates) continuous->unit.set(x->unit);
             if (dates) continuous->format.set(QStringLiteral("date"));
         }
     }
@@ -82,12 +85,21 @@ private:
     void makeYAxis(FenChartAxis* axis, std::vector<Column const*> const& columns,
                    std::optional<QString> const& title, FenChartOptions::Range const& range)
     {
+        auto const sameUnit = [&](Column const* column) { return column->unit == columns.front()->unit; };
+        bool const oneUnit = std::ranges::all_of(columns, sameUnit);
         QStringList names;
-        for (Column const* column : columns) names.append(column->name);
+        for (Column const* column : columns) names.append(oneUnit ? column->name : withUnit(*column));
         axis->title.set(
             title.value_or(names.size() > titleNames ? QString() : names.join(QStringLiteral(", "))));
         setRange(*axis, range);
-        static_cast<FenChartAxisContinuous*>(axis)->logarithmic.set(_options.logY);
+        auto* const continuous = static_cast<FenChartAxisContinuous*>(axis);
+        continuous->logarithmic.set(_options.logY);
+        if (!columns.empty() && oneUnit) continuous->unit.set(columns.front()->unit);
+    }
+
+    static QString withUnit(Column const& column)
+    {
+        return column.unit.isEmpty() ? column.name : QStringLiteral("%1 [%2]").arg(column.name, column.unit);
     }
 
     static void setRange(FenChartAxis& axis, FenChartOptions::Range const& range)
@@ -152,6 +164,36 @@ private:
     FenChartOptions const& _options;
 };
 
+/// What was chosen in place of --x and --y, in one line; empty when both were given.
+QString choiceText(fen::ChartOrder const& order, fen::ChartSelection const& selection)
+{
+    constexpr qsizetype mostNames = 6;
+    QStringList parts;
+    QStringList given;
+    if (order.options.x.isEmpty()) {
+        fen::AxisChoice const choice = fen::chooseXAxis(order.table);
+        parts.append(
+            QStringLiteral("x is %1 (%2)")
+                .arg(choice.column ? fen::messageText(choice.column->name) : QStringLiteral("the row number"),
+                     choice.reason));
+        given.append(QStringLiteral("--x"));
+    }
+    if (order.options.y.isEmpty() && order.options.y2.isEmpty()) {
+        QStringList names;
+        for (Column const* column : selection.left) names.append(fen::messageText(column->name));
+        QString const more = names.size() > mostNames
+            ? QStringLiteral(" and %1 more").arg(names.size() - mostNames)
+            : QString();
+        parts.append(QStringLiteral("y is ") + names.mid(0, mostNames).join(QStringLiteral(", ")) + more);
+        given.append(QStringLiteral("--y"));
+    }
+    if (parts.isEmpty()) return {};
+    return parts.join(QStringLiteral("; "))
+        + QStringLiteral("; %1 %2 otherwise")
+              .arg(given.join(QStringLiteral(" and ")),
+                   given.size() > 1 ? QStringLiteral("say") : QStringLiteral("says"));
+}
+
 } // namespace
 
 FenVisChart* fen::buildChart2D(ChartOrder const& order, QString& error)
@@ -163,5 +205,7 @@ FenVisChart* fen::buildChart2D(ChartOrder const& order, QString& error)
     std::size_t const columns = selection.left.size() + selection.right.size();
     if (!variablesFit(columns * (selection.group ? groups.rows.size() : 1), error)) return nullptr;
     std::vector<fen::ChartSeries> const series = fen::chartSeries(selection, groups);
+    QString const choice = choiceText(order, selection);
+    if (order.remarks && !choice.isEmpty()) order.remarks->append(choice);
     return &Builder(order).build(selection, series);
 }

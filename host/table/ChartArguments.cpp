@@ -164,7 +164,8 @@ std::vector<Argument> commonArguments()
 std::vector<Argument> columnArguments()
 {
     return {
-        {"x", "COL", text("column along x; default: the first with dates, else the row number"),
+        {"x", "COL",
+         text("column along x, or row; default: the first column when it is one of dates or rises ..."),
          [](Reader& r, Options& o) { r.text("x", o.x); }},
         {"y", "COL,...", text("columns on the left axis; default: all with numbers"),
          [](Reader& r, Options& o) { r.texts("y", o.y); }},

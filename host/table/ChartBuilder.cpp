@@ -31,10 +31,10 @@ QStringList FenChartOptions::lineStyles()
 }
 
 FenVisChart* fen::addChart(FenVisScene& scene, FenDataTable const& table, FenChartOptions const& options,
-                           FenTheme const& theme, QString& error)
+                           FenTheme const& theme, QString& error, QStringList* remarks)
 {
     if (ChartKind const* const kind = chartKind(options.kind))
-        return kind->build({scene, table, options, theme}, error);
+        return kind->build({scene, table, options, theme, remarks}, error);
     error = QStringLiteral("there is no such kind of chart");
     return nullptr;
 }

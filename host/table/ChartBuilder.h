@@ -19,7 +19,7 @@ struct FENVIS_EXPORT FenChartOptions {
     typedef std::optional<std::pair<double, double>> Range;
 
     QString kind = QStringLiteral("2d"); ///< of the chart
-    QString x; ///< column; empty: the first date column, else the row number
+    QString x; ///< column, or "row" for row numbers; empty: as `fen::chooseXAxis` says
     /// Columns on the left axis, each text a name or several joined by commas; empty, and none on
     /// the right: every number column but x.
     QStringList y;
@@ -59,8 +59,10 @@ namespace fen {
 /// Adds a chart of a table to a scene.
 /// @param error  set to a message when the options do not fit the table (unknown columns, a
 ///     column of the wrong kind, nothing to show); the scene is then unchanged
+/// @param remarks  gets a line on what was chosen where the options say nothing; may be null
 /// @return the chart; it belongs to the scene. Null on failure.
 FENVIS_EXPORT FenVisChart* addChart(FenVisScene& scene, FenDataTable const& table,
-                                    FenChartOptions const& options, FenTheme const& theme, QString& error);
+                                    FenChartOptions const& options, FenTheme const& theme, QString& error,
+                                    QStringList* remarks = nullptr);
 
 } // namespace fen

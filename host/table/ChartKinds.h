@@ -25,6 +25,7 @@ struct ChartOrder {
     FenDataTable const& table;
     FenChartOptions const& options;
     FenTheme const& theme;
+    QStringList* remarks = nullptr; ///< gets what was chosen where the options say nothing; null: not asked
 };
 
 /// The axes of a chart whose ranges the user may choose, by the side where they are drawn.

@@ -1,6 +1,7 @@
 #include "host/table/ChartSelection.h"
 
 #include "host/output/MessageText.h"
+#include "host/table/AxisChoice.h"
 #include "host/table/ChartBuilder.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ QString kindText(Kind kind)
 {
     return kind == Kind::Number ? QStringLiteral("numbers")
         : kind == Kind::Date    ? QStringLiteral("dates")
+        : kind == Kind::Time    ? QStringLiteral("times")
                                 : QStringLiteral("texts");
 }
 
@@ -31,7 +33,7 @@ public:
     /// @return empty, or what is wrong
     QString select(fen::ChartSelection& selection)
     {
-        selection.x = _options.x.isEmpty() ? firstDate() : column(_options.x);
+        selection.x = xColumn();
         if (!_options.group.isEmpty()) selection.group = column(_options.group);
         for (QString const& name : fen::singleNames(_table, _options.y))
             selection.left.push_back(numbers(name));
@@ -48,11 +50,12 @@ private:
         if (_error.isEmpty()) _error = error;
     }
 
-    Column const* firstDate() const
+    /// "row" stands for row numbers where no column has that name.
+    Column const* xColumn()
     {
-        for (std::size_t i = 0; i < _table.columns(); ++i)
-            if (_table.column(i).kind == Kind::Date) return &_table.column(i);
-        return nullptr;
+        if (_options.x.isEmpty()) return fen::chooseXAxis(_table).column;
+        bool const rows = _options.x == QLatin1String("row") && _table.find(_options.x) < 0;
+        return rows ? nullptr : column(_options.x);
     }
 
     Column const* column(QString const& name) { return fen::findColumn(_table, name, _error); }

@@ -54,10 +54,10 @@ std::size_t wrongLine(std::string_view text, char end)
 }
 
 /// Empty, or why these bytes are no text.
-QString textError(std::string_view text)
+QString textError(std::string_view text, std::size_t firstLine)
 {
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
-        return atLine(1, QStringLiteral("this is UTF-16; save it as UTF-8"));
+        return atLine(firstLine, QStringLiteral("this is UTF-16; save it as UTF-8"));
     static constexpr std::array<bool, 256> controls = makeControls();
     auto const control =
         std::ranges::find_if(text, [](char c) { return controls[static_cast<unsigned char>(c)]; });
@@ -67,7 +67,7 @@ QString textError(std::string_view text)
     auto const found = std::size_t(control - text.begin());
     std::size_t const wrong = utf8 ? text.size() : wrongLine(text, end);
     std::size_t const place = std::min(found, wrong);
-    auto const line = std::size_t(std::ranges::count(text.substr(0, place), end)) + 1;
+    auto const line = std::size_t(std::ranges::count(text.substr(0, place), end)) + firstLine;
     if (found > wrong) return atLine(line, QStringLiteral("this line is not UTF-8; save the file as UTF-8"));
     QString const hex = QString::number(static_cast<unsigned char>(*control), 16).toUpper();
     return atLine(line,
@@ -89,10 +89,10 @@ public:
     RowSplitter(RowSplitter const&) = delete;
     RowSplitter& operator=(RowSplitter const&) = delete;
 
-    QString run(std::string_view text)
+    QString run(std::string_view text, std::size_t firstLine)
     {
         char const lastOfLine = lineEnd(text);
-        std::size_t line = 1;
+        std::size_t line = firstLine;
         while (!text.empty() && _error.isEmpty()) {
             std::size_t const end = text.find(lastOfLine);
             bool const wholeLine = end < largestPiece;
@@ -185,26 +185,10 @@ private:
 
 } // namespace
 
-char fen::detectCsvSeparator(std::string_view text)
+QString fen::readCsv(std::string_view text, char separator, ICsvRows& rows, std::size_t firstLine)
 {
-    text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
-    std::array<std::size_t, 3> counts{};
-    constexpr std::string_view separators = ",;\t";
-    bool quoted = false;
-    for (char const c : text) {
-        if (c == '"') quoted = !quoted;
-        if (quoted) continue;
-        if (c == '\n' || c == '\r') break;
-        std::size_t const which = separators.find(c);
-        if (which != separators.npos) ++counts[which];
-    }
-    return separators[std::size_t(std::max_element(counts.begin(), counts.end()) - counts.begin())];
-}
-
-QString fen::readCsv(std::string_view text, char separator, ICsvRows& rows)
-{
-    QString const error = textError(text);
+    QString const error = textError(text, firstLine);
     if (!error.isEmpty()) return error;
     if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-    return RowSplitter(separator, rows).run(text);
+    return RowSplitter(separator, rows).run(text, firstLine);
 }

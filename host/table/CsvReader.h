@@ -23,15 +23,13 @@ protected:
     ~ICsvRows() = default;
 };
 
-/// The separator of a CSV text: that of ',', ';' and tab which its first line
-/// has most of outside quotes; ',' when it has none.
-FENVIS_EXPORT char detectCsvSeparator(std::string_view text);
-
 /// Splits a CSV text (RFC 4180; LF, CRLF or CR) into rows. Blank lines are left out.
 /// @param text  UTF-8; a byte order mark is skipped
 /// @return empty, or the first error as "line: message". Errors are invalid UTF-8, control
 ///     characters (binary files), stray or unclosed quotes, fields above the limit, and what
 ///     `rows` refused.
-FENVIS_EXPORT QString readCsv(std::string_view text, char separator, ICsvRows& rows);
+/// @param firstLine  line of the file on which `text` begins
+FENVIS_EXPORT QString readCsv(std::string_view text, char separator, ICsvRows& rows,
+                              std::size_t firstLine = 1);
 
 } // namespace fen

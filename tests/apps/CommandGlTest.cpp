@@ -163,7 +163,7 @@ TEST_F(CommandGlTest, PickFindsWhatTheChartShows)
 
 TEST_F(CommandGlTest, BadInputGivesOneMessageAndNoFile)
 {
-    file("ragged.csv", "a,b\n1,2\n3\n");
+    file("ragged.csv", "a,b\n1,2\n3,4,5\n");
     file("text.csv", "a,b\nx,y\n");
     file("good.csv", "a,b\n1,2\n3,4\n");
     ASSERT_EQ(0, ::mkfifo(QFile::encodeName(path("fifo")).constData(), 0600));
@@ -177,7 +177,7 @@ TEST_F(CommandGlTest, BadInputGivesOneMessageAndNoFile)
         {"missing.csv", "missing.csv: cannot read: No such file or directory\n"},
         {"folder", "folder: cannot read: is a folder\n"},
         {"fifo", "fifo: cannot read: is no regular file\n"},
-        {"ragged.csv", "ragged.csv:3: 1 fields, but the first row has 2\n"},
+        {"ragged.csv", "ragged.csv:3: 3 fields, but the first row has 2\n"},
         {"text.csv", "text.csv:1: no column of numbers to show\n"},
         {"good.csv --x c", "good.csv:1: no column \"c\"; there are: a, b\n"},
         {"good.csv --size 0x0",
@@ -186,8 +186,9 @@ TEST_F(CommandGlTest, BadInputGivesOneMessageAndNoFile)
          "fenvis: a picture of 1280x800 at scale -1 cannot be drawn: from 1 to 16384 pixels a side\n"},
         {"good.csv -o folder/../good.csv",
          "folder/../good.csv: is the table itself; -o has to name another file\n"},
-        {"good.csv -o missing/out.png", "missing/out.png: cannot write: No such file or directory\n"},
-        {"good.csv -o /dev/full", "/dev/full: cannot write: No space left on device\n"},
+        {"good.csv --x a --y b -o missing/out.png",
+         "missing/out.png: cannot write: No such file or directory\n"},
+        {"good.csv --x a --y b -o /dev/full", "/dev/full: cannot write: No space left on device\n"},
     };
     for (Row const& row : rows) {
         Result const result =
@@ -211,9 +212,9 @@ TEST_F(CommandGlTest, OddDataIsDrawnWithoutComplaint)
     for (char const* name : {"one", "equal", "infinite", "missing", "bom"}) {
         for (char const* how :
              {"", "--style bar", "--style spline --fill gradient", "--style step --fill sparse",
-              "--x a --y b --symbol star --size 1x1", "--size 40x3000 --scale 0.5"}) {
+              "--symbol star --size 1x1", "--size 40x3000 --scale 0.5"}) {
             Result const result =
-                run(qUtf8Printable(QStringLiteral("chart %1.csv %2 -o %1.png")
+                run(qUtf8Printable(QStringLiteral("chart %1.csv --x a --y b %2 -o %1.png")
                                        .arg(QString::fromLatin1(name), QString::fromLatin1(how))));
             EXPECT_EQ(0, result.status) << name << ' ' << how << '\n' << result.errors;
             EXPECT_EQ("", result.errors) << name << ' ' << how;

@@ -63,9 +63,10 @@ TEST(DataTable, ReadsWhatSpreadsheetsWrite)
         {"\"x \"\"y\"\"\",b\n\"1\",\"p,q\nr\"\n", "x \"y\"", "1", "p,q\nr"},
         {" a , b \n 1 , 2 \n+3,-0\n", "a", "1|3", "2|0"},
         {"a,b\nNA,n\nN/A,NaN\nnull,\n7,m\n", "a", "-|-|-|7", "n|-|-|m"},
-        {"a,b\ninf,1e999\n-Infinity,-1e999\n1e-999,0x10\n", "a", "inf|-inf|0", "1e999|-1e999|0x10"},
+        {"a,b\ninf,1e999\n-Infinity,-1e999\n1e-999,0x10\n", "a", "inf|-inf|0", "inf|-inf|-"},
         {"a,b\n2012-01-02,5\n,6\n1970-01-01T00:00:01Z,7\n", "a", "1325462400|-|1", "5|6|7"},
-        {"a,b\n1,2012-01-02\n2,later\nx,2012-01-02\n", "a", "1|2|x", "2012-01-02|later|2012-01-02"},
+        {"a,b\n1,2012-01-02\n2,later\nx,2012-01-02\n", "a", "1|2|-", "1325462400|-|1325462400"}, // one is odd
+        {"a,b\nx1,y\n2,later\n3,z\ny4,u\n", "a", "x1|2|3|y4", "y|later|z|u"},
         {"a,b\n,\n,x\n", "a", "-|-", "-|x"},
         {"1,2\n3,4\n", "column 1", "1|3", "2|4"}, // no header
         {",a\n5,6\n", "column 1", "5", "6"},
@@ -81,16 +82,98 @@ TEST(DataTable, ReadsWhatSpreadsheetsWrite)
     }
 }
 
-TEST(DataTable, FindsTheKindOfAColumnFromAllItsValues)
+TEST(DataTable, FindsOutHowAColumnIsWritten)
 {
-    FenDataTable const table = parsed("n,d,t,late,m,e\n"
-                                      "1,2012-04,x,,2012-01-01,\n"
-                                      "2.5,2012-05-01 12:00,x,2013-01-01,7,\n"
-                                      ",,y,,,\n");
-    Kind const kinds[] = {Kind::Number, Kind::Date, Kind::Text, Kind::Date, Kind::Text, Kind::Number};
-    for (std::size_t i = 0; i < table.columns(); ++i) EXPECT_EQ(kinds[i], table.column(i).kind) << i;
-    EXPECT_EQ(QStringList({QStringLiteral("x"), QStringLiteral("y")}), table.column(2).categories);
-    EXPECT_EQ("2012-01-01|7|-", shown(table, 4));
+    struct Row {
+        char const* text;
+        Kind kind; ///< of the first column
+        char const* values;
+        char const* unit;
+        char const* zone;
+    };
+    Row const rows[] = {
+        // numbers
+        {"speed [rpm],b\n\"1,234.5\",1\n\"2,000\",2\n", Kind::Number, "1234.5|2000", "rpm", ""},
+        {"speed (m/s);b\n1.234,5;1\n2;2\n", Kind::Number, "1234.5|2", "m/s", ""},
+        {"price;b\n1 234,5 €;1\n2 €;2\n", Kind::Number, "1234.5|2", "€", ""},
+        {"share;b\n12 %;1\n\u22123 %;2\n", Kind::Number, "12|-3", "%", ""},
+        {"balance,b\n(12.5),1\n1'000,2\n", Kind::Number, "-12.5|1000", "", ""},
+        {"t,b\ns,V\n1,2\n3,4\n", Kind::Number, "1|3", "s", ""}, // a row of units
+        {"# made by a logger\n#a,b\n1,2\n3,4\n", Kind::Number, "1|3", "", ""},
+        {"Device: 7\nStart;now\n\na;b;c\n1;2;3\n3;4;5\n", Kind::Number, "1|3", "", ""},
+        {"a|b\n1|2\n# a remark\n3|4\n", Kind::Number, "1|3", "", ""},
+        {"a,b\n1\n3,4,,\n", Kind::Number, "1|3", "", ""},
+        // dates
+        {"d,b\n2012-01-02,1\n2012-01-03 12:00,2\n", Kind::Date, "1325462400|1325592000", "", ""},
+        {"d,b\n2012-01-02T00:00+02:00,1\n,2\n2012-01-03T00:00+02:00,2\n", Kind::Date,
+         "1325462400|-|1325548800", "", "UTC+02:00"},
+        {"d,b\n2012-01-02T00:00+02:00,1\n2012-01-03T00:00+01:00,2\n", Kind::Date, "1325455200|1325545200", "",
+         "UTC"},
+        {"d,b\n02.01.2012,1\n03.01.12,2\n", Kind::Date, "1325462400|1325548800", "", ""},
+        {"d,b\n01/02/2012,1\n01/13/2012,2\n", Kind::Date, "1325462400|1326412800", "", ""},
+        {"d,b\n02/01/2012,1\n13/01/2012,2\n", Kind::Date, "1325462400|1326412800", "", ""},
+        {"d,b\n12/31/2011,1\n01/02/2012 1:30 PM,2\n", Kind::Date, "1325289600|1325511000", "", ""},
+        {"d,b\n2-Jan-2012,1\n\"Jan 3, 2012\",1\n3 January 2012,2\n", Kind::Date, "1325462400|-|1325548800",
+         "", ""},
+        {"timestamp,b\n1325462400,1\n1325462401,2\n", Kind::Date, "1325462400|1325462401", "", "UTC"},
+        {"time,b\n1325462400500,1\n1325462401000,2\n", Kind::Date, "1325462400.5|1325462401", "", "UTC"},
+        {"revenue,b\n1325462400,1\n1325462401,2\n", Kind::Number, "1325462400|1325462401", "", ""},
+        {"clock,b\n12:30,1\n12:30:01.5,2\n", Kind::Time, "45000|45001.5", "", ""},
+        {"day,clock\n2012-01-02,12:30\n2012-01-03,00:00\n", Kind::Date, "1325507400|1325548800", "", ""},
+        // kinds
+        {"late,b\n,1\n,2\n2013-01-01,3\n", Kind::Date, "-|-|1356998400", "", ""},
+        {"empty,b\n,1\n,2\n", Kind::Number, "-|-", "", ""},
+    };
+    for (Row const& row : rows) {
+        SCOPED_TRACE(row.text);
+        FenDataTable::Column const column = parsed(row.text).column(0);
+        EXPECT_EQ(int(row.kind), int(column.kind));
+        EXPECT_EQ(row.values, shown(parsed(row.text), 0));
+        EXPECT_EQ(row.unit, column.unit.toStdString());
+        EXPECT_EQ(row.zone, column.zone.toStdString());
+    }
+}
+
+TEST(DataTable, FirstRowsThatMisleadAreMendedByTheRest)
+{
+    std::string months = "d,n\n";
+    for (int i = 0; i < 2000; ++i) months += "01/02/2012,7\n";
+    EXPECT_EQ("1328054400", shown(parsed(months + "25/02/2012,x\n"), 0).substr(0, 10)); // 1 February
+    for (int i = 0; i < 2000; ++i) months += "02/02/2012,word\n";
+    FenDataTable const table = parsed(months);
+    EXPECT_EQ(Kind::Text, table.column(1).kind);
+    EXPECT_EQ(QStringList({QStringLiteral("7"), QStringLiteral("word")}), table.column(1).categories);
+}
+
+TEST(DataTable, DoesWhatItIsToldAndSaysWhatItLeftOut)
+{
+    FenReadOptions options;
+    options.delimiter = ' ';
+    options.decimal = ',';
+    options.dateFormat = QStringLiteral("yyyyMMdd-HH");
+    options.skipRows = 1;
+    options.unitsRow = true;
+    options.comment = QStringLiteral("%");
+    options.columns = {{QStringLiteral("id"), FenReadOptions::As::Category}};
+    FenDataTable table;
+    QString error;
+    ASSERT_TRUE(
+        FenDataTable::parse("ignored\n% this too\nd v id\n- kW -\n20120102-06 1,5 7\n20120103-00 x 7\n"
+                            "20120104-00 2,5\n",
+                            QStringLiteral("t.csv"), table, error, options))
+        << error.toStdString();
+    EXPECT_EQ("1325484000|1325548800|1325635200", shown(table, 0));
+    EXPECT_EQ("1.5|-|2.5", shown(table, 1));
+    EXPECT_EQ(QStringLiteral("kW"), table.column(1).unit);
+    EXPECT_EQ("7|7|-", shown(table, 2));
+    EXPECT_EQ(QStringList(
+                  {QStringLiteral("t.csv:7: a row with fewer fields than the first row; the rest is missing"),
+                   QStringLiteral("t.csv:6: column \"v\": \"x\" cannot be read; left out")}),
+              table.notes());
+    EXPECT_TRUE(
+        parsed("a,b\n01/02/2012,1\n").notes().join(QString()).contains(QStringLiteral("--date-format")));
+    EXPECT_EQ(0, parsed("speed [rpm],b\n1,2\n").find(QStringLiteral("speed [rpm]")));
+    EXPECT_EQ(0, parsed("speed [rpm],b\n1,2\n").find(QStringLiteral("speed")));
 }
 
 TEST(DataTable, NamesEachColumnOnce)
@@ -117,7 +200,6 @@ TEST(DataTable, SaysWhereAndWhatIsWrongAndKeepsTheOldTable)
         {"", "t.csv:1: the file is empty"},
         {"\xEF\xBB\xBF\n \n", "t.csv:1: the file is empty"},
         {"\n\na,b\n", "t.csv:3: no rows after the header"},
-        {"a,b\n1,2\n3\n", "t.csv:3: 1 fields, but the first row has 2"},
         {"a,b\n\"1\n\n\",2\n\n3,4,5\n",
          "t.csv:6: 3 fields, but the first row has 2"}, // lines inside quotes count
         {"a,b\n1,\"2\n3,4\n", "t.csv:2: a quoted field that begins in this row is never closed"},
@@ -127,7 +209,6 @@ TEST(DataTable, SaysWhereAndWhatIsWrongAndKeepsTheOldTable)
         {"a,b\n\xC0\xAF,1\n", "t.csv:2: this line is not UTF-8"},
         {"a,b\n1,\xE6\xB8", "t.csv:2: this line is not UTF-8"},
         {"a,b\r1,2\r3,\xFF\r", "t.csv:3: this line is not UTF-8"},
-        {"a,b\r1,2\r3\r", "t.csv:3: 1 fields, but the first row has 2"},
         {"\xFF\xFE"
          "a\0,\0",
          "t.csv:1: this is UTF-16"},
@@ -202,6 +283,7 @@ TEST(DateText, ReadsIsoDatesAndNothingElse)
         {"2012-04-15T24:00", none},
         {"2012-04-15T12:00:00.", none},
         {"2012-04-15x", none},
+        {"2012-04-15T4:30", 1334464200},
         {"", none},
     };
     for (Row const& row : rows) {
