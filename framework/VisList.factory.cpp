@@ -2,6 +2,7 @@
 
 #include "axes/VisColorMap.h"
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/VisLegend.h"
 #include "charts/parallel/VisChartPCP.h"
 #include "charts/spider/VisChartSpider.h"
@@ -47,6 +48,7 @@ std::vector<Row> const& rows()
         row<FenVisChart2D>(),
         row<FenVisChartSpider>(),
         row<FenVisChartPCP>(),
+        row<FenVisChartCorrelation>(),
         row<FenVisShadowPlane>(),
         row<FenVisViewpoint>(),
         row<FenVisImage>(),

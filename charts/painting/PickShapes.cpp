@@ -209,4 +209,10 @@ std::size_t nearestPoint(CurveData const& data, CurveShape shape, QPointF const&
     return nearestInX(data, shape == CurveShape::Step, at.x());
 }
 
+QRect pickedPixels(QPoint const& point, QSize const& size)
+{
+    QSize const square = size.expandedTo(QSize(1, 1));
+    return QRect(point - QPoint(square.width() / 2, square.height() / 2), square);
+}
+
 } // namespace fen

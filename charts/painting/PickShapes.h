@@ -49,6 +49,10 @@ std::vector<Kes::Math::Vector2> bandQuads(Strips const& band, StripIndex const& 
 /// Corners of the bars that meet `area`.
 std::vector<Kes::Math::Vector2> barQuads(std::vector<Bar> const& bars, QRectF const& area);
 
+/// [px] The square of pixels around the mouse that a pick looks at.
+/// @param size  each extent is raised to at least 1
+QRect pickedPixels(QPoint const& point, QSize const& size);
+
 /// Points whose pixel lies in `area`, at most the last `limit` of them, in ascending order.
 /// @param area  [px] whole pixels
 std::vector<std::size_t> pointsInside(CurveData const& data, QRect const& area, std::size_t limit);
