@@ -5,6 +5,7 @@
 #include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/VisLegend.h"
 #include "charts/parallel/VisChartPCP.h"
+#include "charts/pie/VisChartPie.h"
 #include "charts/spider/VisChartSpider.h"
 #include "scene/Vis2DTest.h"
 #include "scene/VisImage.h"
@@ -49,6 +50,7 @@ std::vector<Row> const& rows()
         row<FenVisChartSpider>(),
         row<FenVisChartPCP>(),
         row<FenVisChartCorrelation>(),
+        row<FenVisChartPie>(),
         row<FenVisShadowPlane>(),
         row<FenVisViewpoint>(),
         row<FenVisImage>(),
