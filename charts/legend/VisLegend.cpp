@@ -1,10 +1,12 @@
 #include "charts/legend/VisLegend.h"
 
 #include "charts/VisChart.h"
+#include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/LegendMultiAxis.h"
 #include "charts/legend/LegendSpiderAxes.h"
 #include "charts/legend/VisLegend.handler.h"
 #include "charts/legend/VisLegend.parts.h"
+#include "charts/painting/PickShapes.h"
 #include "charts/parallel/VisChartPCP.h"
 #include "charts/spider/VisChartSpider.h"
 #include "framework/DrawContext.h"
@@ -103,6 +105,7 @@ void FenVisLegend::update(DrawContext const& context)
 {
     _entries.clear();
     _unlisted = 0;
+    _bins = fen::LegendBins();
     _collected = true;
     _layoutArea = QSize();
     _rectangles.clear();
@@ -129,6 +132,11 @@ void FenVisLegend::collectEntries() const
     if (!chart) return;
     if (dynamic_cast<FenChartMultiAxis const*>(const_cast<FenVisChart*>(chart)->content()))
         return collectItems(*chart);
+    if (auto const* const matrix = dynamic_cast<FenVisChartCorrelation const*>(chart)) {
+        for (double const edge : matrix->binEdges())
+            _bins.edges.append(QString::fromStdString(_numberFormat.format(edge)));
+        _bins.colors = matrix->binColors();
+    }
     FenChartValidVariableList const variables = chart->validVariables();
     for (unsigned i = 0; i < variables.size(); ++i) {
         if (!variables.alive(i)) continue;
@@ -213,9 +221,8 @@ FenVisHitRecordList FenVisLegend::select2d(SelectContext const& context) const
 {
     FenVisHitTable& names = hitProperties();
     names.clear();
-    if (!_chart || _entries.empty() || !_box.valid()) return FenVisHitRecordList();
-    QSize const size = context.size.expandedTo(QSize(1, 1));
-    QRect const picked(context.point - QPoint(size.width() / 2, size.height() / 2), size);
+    if (!_chart || empty() || !_box.valid()) return FenVisHitRecordList();
+    QRect const picked = fen::pickedPixels(context.point, context.size);
     auto const meets = [&](FenOglViewport const& rectangle) {
         return rectangle.valid() && picked.intersects(QRect(rectangle.origin(), rectangle.size()));
     };

@@ -2,11 +2,13 @@
 
 #include "axes/ElidedText.h"
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/LegendPlacement.h"
 #include "charts/legend/LegendSample.h"
 #include "charts/legend/VisLegend.handler.h"
 #include "charts/legend/VisLegend.parts.h"
 #include "charts/parallel/VisChartPCP.h"
+#include "charts/pie/VisChartPie.h"
 #include "charts/spider/VisChartSpider.h"
 #include "charts/style/Fill.h"
 #include "framework/DrawContext.h"
@@ -133,6 +135,12 @@ std::vector<FenVisLegend::Kind> const& FenVisLegend::kinds()
          Sample::Items, false},
         {[](FenVisualization const& chart) { return dynamic_cast<FenVisChartPCP const*>(&chart) != nullptr; },
          Sample::Items, false},
+        {[](FenVisualization const& chart) { return dynamic_cast<FenVisChartPie const*>(&chart) != nullptr; },
+         Sample::Patch, false},
+        {[](FenVisualization const& chart) {
+             return dynamic_cast<FenVisChartCorrelation const*>(&chart) != nullptr;
+         },
+         Sample::Bins, false},
     };
     return table;
 }
@@ -140,7 +148,7 @@ std::vector<FenVisLegend::Kind> const& FenVisLegend::kinds()
 FenVisLegend::Kind const* FenVisLegend::kind() const
 {
     FenVisualization const* const chart = _chart.get();
-    if (!chart || _entries.empty()) return nullptr;
+    if (!chart || empty()) return nullptr;
     auto const& table = kinds();
     auto const found =
         std::find_if(table.begin(), table.end(), [&](Kind const& row) { return row.matches(*chart); });
@@ -223,11 +231,26 @@ void FenVisLegend::layOut(FenOglText& text, QSize const& area) const
     Kind const* const found = kind();
     if (_layoutArea == area || !found) return;
     _layoutArea = area;
-    _layout = sizeLegend(text, area, found->ramps);
-    if (!placedAutomatically()) return;
     std::vector<QPoint> ink;
     if (auto const* const chart = dynamic_cast<FenVisChart const*>(_chart.get())) ink = chart->drawnPixels();
-    _place = fen::leastHidingPlace(_layout.box, area, automaticMargin, ink);
+    bool const automatic = placedAutomatically();
+    // True when the box is where somebody wants it, or hides nothing.
+    auto const place = [&] {
+        if (automatic) _place = fen::leastHidingPlace(_layout.box, area, automaticMargin, ink);
+        QRect const covered(_place, _layout.box);
+        auto const hidden = [&](QPoint const& at) { return covered.contains(at); };
+        return !automatic || std::ranges::none_of(ink, hidden);
+    };
+    if (found->sample != Sample::Bins) {
+        _layout = sizeLegend(text, area, found->ramps);
+        place();
+        return;
+    }
+    // The bar of bins is as long as it may be without hiding anything; the last one, where nothing helps.
+    for (int const lines : {8, 7, 6, 5, 4, 3, 8}) {
+        _layout = sizeBins(text, lines);
+        if (place()) return;
+    }
 }
 
 void FenVisLegend::draw2d(DrawContext const& context) const
@@ -243,8 +266,38 @@ void FenVisLegend::draw2d(DrawContext const& context) const
     if (_layout.box.width() > own.width() || _layout.box.height() > own.height()) return;
     context.text.clear();
     context.text.setColor(legend.textColor.get());
-    drawLegend(context.cache, context.text, own, found->sample);
+    if (found->sample == Sample::Bins)
+        drawBins(context.text, own);
+    else
+        drawLegend(context.cache, context.text, own, found->sample);
     context.text.clear();
+}
+
+/// The bar of bins with a rim around it.
+/// @param lines  its length in text lines
+fen::LegendLayout FenVisLegend::sizeBins(FenOglText& text, int lines) const
+{
+    text.clear();
+    text.setPointSize(pointSize);
+    int const rim = 2 * fen::LegendMetrics().padding;
+    bool const vertical = legend.orientation.get() == FenChart::legendVertical;
+    fen::LegendLayout layout;
+    layout.box = fen::sizeCorrelationLegend(text, _bins, lines * text.height(), vertical) + QSize(rim, rim);
+    text.clear();
+    return layout;
+}
+
+void FenVisLegend::drawBins(FenOglText& text, FenOglViewport const& viewport) const
+{
+    _box = calcLegendViewport(_layout.box, viewport);
+    fen::FlatScope const flat;
+    decorate(text.color());
+    text.setPointSize(pointSize);
+    int const padding = fen::LegendMetrics().padding;
+    FenOglTextBatch const batch(text);
+    QRect const inside(_box.origin() + QPoint(padding, padding),
+                       _box.size() - QSize(2 * padding, 2 * padding));
+    fen::drawCorrelationLegend(text, _bins, inside, legend.orientation.get() == FenChart::legendVertical);
 }
 
 void FenVisLegend::drawLegend(FenOglCache& cache, FenOglText& text, FenOglViewport const& viewport,

@@ -6,6 +6,7 @@
 #include "../../services/math/NiceIntervals.h"
 #include "../../services/opengl/OglViewport.h"
 #include "../../services/properties/ViewPtr.h"
+#include "LegendCorrelation.h"
 #include "LegendLayout.h"
 
 #include <boost/shared_ptr.hpp>
@@ -21,7 +22,8 @@ class FenVisChart;
 /// depends on, so that it is updated with the chart; while there is no such chart
 /// or it is disabled, it depends on the list. Lists the chart's valid
 /// variables whose "legend" is true, each with its own line, symbol and fill;
-/// variables with a gradient show the colour ramp and its values.
+/// variables with a gradient show the colour ramp and its values. For a
+/// correlation chart it is one bar of its bins.
 ///
 /// Place: child "legend"/"viewport". Untouched it means the place where the
 /// legend hides least, found by each resize; else "placement", "x" and "y" of
@@ -69,7 +71,8 @@ private:
     enum class Sample {
         Series = 1, ///< line, symbol and fill as in the chart
         Patch = 2, ///< a patch of the fill colour
-        Items ///< a patch of the items' colour
+        Items, ///< a patch of the items' colour
+        Bins ///< no entries: one bar for all bins
     };
     /// How the legend of one kind of chart is drawn.
     struct Kind {
@@ -80,6 +83,7 @@ private:
 
     static std::vector<Kind> const& kinds();
     Kind const* kind() const;
+    bool empty() const { return _entries.empty() && _bins.empty(); }
     void unlink();
     void dependOn(FenVisualization& source);
     void collectEntries() const;
@@ -95,12 +99,15 @@ private:
                    Sample sample) const;
     FenOglViewport calcLegendViewport(QSize const& size, FenOglViewport const& viewport) const;
     bool placedAutomatically() const;
+    fen::LegendLayout sizeBins(FenOglText& text, int lines) const;
+    void drawBins(FenOglText& text, FenOglViewport const& viewport) const;
     void decorate(QColor const& textColor) const;
     bool CanExpandVariable(unsigned i) const;
     QString entryText(FenOglText const& text, unsigned i, bool ramps, int width) const;
 
     mutable std::vector<Variable> _entries;
     mutable std::size_t _unlisted = 0; // items that no legend has room for
+    mutable fen::LegendBins _bins; // of a correlation chart
     mutable bool _collected = true; // `_entries` are those of the last update
     mutable fen::LegendLayout _layout;
     mutable QSize _layoutArea; // [px] for which `_layout` and `_place` were made; invalid: none
