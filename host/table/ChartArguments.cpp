@@ -180,6 +180,22 @@ std::vector<Argument> columnArguments()
     };
 }
 
+std::vector<Argument> manyArguments()
+{
+    return {
+        {"label", "COL", text("names of the slices, one for each text; default: the first column of texts"),
+         [](Reader& r, Options& o) { r.text("label", o.label); }},
+        {"value", "COL", text("numbers that are summed up for each slice; default: the rows are counted"),
+         [](Reader& r, Options& o) { r.text("value", o.value); }},
+        {"ring", "COL", text("a ring for each value of this column"),
+         [](Reader& r, Options& o) { r.text("ring", o.ring); }},
+        {"method", "M", oneOf(Options::methods()),
+         [](Reader& r, Options& o) { r.word("method", Options::methods(), o.method); }},
+        {"order", "O", text("of the variables: ") + oneOf(Options::orders()),
+         [](Reader& r, Options& o) { r.word("order", Options::orders(), o.order); }},
+    };
+}
+
 std::vector<Argument> styleArguments()
 {
     return {
@@ -225,7 +241,7 @@ std::vector<Argument> const& ownArguments()
 {
     static std::vector<Argument> const all = [] {
         std::vector<Argument> joined = columnArguments();
-        for (auto const& more : {styleArguments(), axisArguments()})
+        for (auto const& more : {manyArguments(), styleArguments(), axisArguments()})
             joined.insert(joined.end(), more.begin(), more.end());
         return joined;
     }();

@@ -30,6 +30,10 @@ QStringList FenChartOptions::lineStyles()
             QStringLiteral("dashDot")};
 }
 
+QStringList FenChartOptions::methods() { return {QStringLiteral("pearson"), QStringLiteral("spearman")}; }
+
+QStringList FenChartOptions::orders() { return {QStringLiteral("file"), QStringLiteral("cluster")}; }
+
 FenVisChart* fen::addChart(FenVisScene& scene, FenDataTable const& table, FenChartOptions const& options,
                            FenTheme const& theme, QString& error, QStringList* remarks)
 {

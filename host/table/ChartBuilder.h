@@ -29,6 +29,11 @@ struct FENVIS_EXPORT FenChartOptions {
     QString group;
     QString colorBy; ///< column that the records of parallel coordinates are coloured by; empty: none
     QStringList filters; ///< "column=10..20" or "column=text": records outside are drawn pale
+    QString label; ///< of a pie: column of the slices' names; empty: the first one of texts
+    QString value; ///< of a pie: column that is summed up for each name; empty: rows are counted
+    QString ring; ///< of a pie: column with a ring for each of its values; empty: one ring
+    QString method = QStringLiteral("pearson"); ///< of a correlation: pearson, spearman
+    QString order = QStringLiteral("file"); ///< of the variables of a correlation: file, cluster
     QString style = QStringLiteral("line"); ///< none, line, spline, step, bar
     /// none, rect, ellipse, triangle ...; empty: none, but for a single row, which has no line
     std::optional<QString> symbol;
@@ -52,6 +57,8 @@ struct FENVIS_EXPORT FenChartOptions {
     static QStringList symbols();
     static QStringList fills();
     static QStringList lineStyles();
+    static QStringList methods();
+    static QStringList orders();
 };
 
 namespace fen {

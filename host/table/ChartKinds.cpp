@@ -6,8 +6,10 @@
 #include "host/table/ChartBuilder.h"
 
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/VisLegend.h"
 #include "charts/parallel/VisChartPCP.h"
+#include "charts/pie/VisChartPie.h"
 #include "charts/spider/VisChartSpider.h"
 #include "services/chartdata/ChartAxis.h"
 
@@ -81,6 +83,10 @@ std::vector<ChartKind> const& fen::chartKinds()
          buildParallel, nullptr, dressMultiAxis},
         {QStringLiteral("spider"), FenVisChartSpider::typeString, words("y group fill"), nullptr, buildSpider,
          nullptr, dressMultiAxis},
+        {QStringLiteral("correlation"), FenVisChartCorrelation::typeString, words("y method order"), nullptr,
+         buildCorrelation, nullptr, nullptr},
+        {QStringLiteral("pie"), FenVisChartPie::typeString, words("label value ring"), nullptr, buildPie,
+         nullptr, dressPie},
     };
     return table;
 }

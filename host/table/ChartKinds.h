@@ -77,5 +77,8 @@ void finishChart(ChartOrder const& order, FenVisChart& node, bool legend);
 FenVisChart* buildChart2D(ChartOrder const& order, QString& error);
 FenVisChart* buildParallel(ChartOrder const& order, QString& error);
 FenVisChart* buildSpider(ChartOrder const& order, QString& error);
+FenVisChart* buildCorrelation(ChartOrder const& order, QString& error);
+FenVisChart* buildPie(ChartOrder const& order, QString& error);
+void dressPie(FenVisualization& node, FenTheme const& theme);
 
 } // namespace fen
