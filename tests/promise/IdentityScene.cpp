@@ -1,7 +1,9 @@
 #include "tests/promise/IdentityScene.h"
 
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/correlation/VisChartCorrelation.h"
 #include "charts/parallel/VisChartPCP.h"
+#include "charts/pie/VisChartPie.h"
 #include "charts/spider/VisChartSpider.h"
 #include "host/scene/Scene.h"
 #include "services/chartdata/ChartVariable.h"
@@ -134,6 +136,44 @@ IdentityScene makeItems(FenVisScene& scene, std::mt19937& random)
     return result;
 }
 
+IdentityScene makeCorrelation(FenVisScene& scene, std::mt19937& random)
+{
+    IdentityScene result;
+    FenVisChartCorrelation& node = scene.add<FenVisChartCorrelation>("chart");
+    node.chart.textColor.set(Qt::transparent); // frame and names cannot be picked
+    node.chart.bins.set({-1, -0.5, 0, 0.5, 1});
+    node.chart.colors.set({Qt::red, Qt::blue});
+    size_t const count = choose<size_t>(random, {25, 31, 150}); // so many that the numbers have no room
+    for (size_t i = 0; i < count; ++i) {
+        std::vector<double> row(count);
+        for (double& value : row) value = uniform(random, -1.2, 1.2);
+        node.chart.variables.append(QString("v%1").arg(i)).setData(Vector3::CompY, std::move(row));
+    }
+    QColor const color = identity(0);
+    result.things.push_back({color, &node.chart, false, 1, [&node, color] {
+                                 node.chart.colors.set({color, color});
+                             }});
+    return result;
+}
+
+IdentityScene makePie(FenVisScene& scene, std::mt19937& random)
+{
+    IdentityScene result;
+    FenVisChartPie& node = scene.add<FenVisChartPie>("chart");
+    int const rings = 1 + int(random() % 4);
+    int const variables = 1 + int(random() % 12);
+    for (int i = 0; i < variables; ++i) {
+        FenChartVariable& variable = node.chart.variables.append(QString("v%1").arg(i));
+        variable.ring.set(int(random() % unsigned(rings)));
+        variable.setData(Vector3::CompY, {uniform(random, -5, 5)});
+        variable.fillMode.set(coin(random, 0.8) ? FenChart::fillSolid : FenChart::fillNone);
+        variable.fillColor.set(Qt::black);
+        if (coin(random, 0.5)) variable.lineMode.set(FenChart::lineNone);
+        addVariable(result, variable);
+    }
+    return result;
+}
+
 } // namespace
 
 IdentityScene::Thing const* IdentityScene::drawnIn(QColor const& color) const
@@ -158,6 +198,8 @@ std::vector<IdentityKind> const& identityKinds()
         {"2D chart", makeChart2D},
         {"parallel coordinates", makeItems<FenVisChartPCP>},
         {"spider", makeItems<FenVisChartSpider>},
+        {"correlation chart", makeCorrelation},
+        {"pie chart", makePie},
     };
     return kinds;
 }
