@@ -95,6 +95,17 @@ std::vector<gallery::Scene> makeScenes()
         fromCommand("rain-bars", "Rain in the first months of 2012",
                     words("data/samples/seattle-weather.csv --x date --y precipitation --style bar "
                           "--x-range 2012-01-01,2012-04-01 --y-range 0,30 --y-title precipitation_[mm]")),
+        fromCommand("penguin-correlation", "How the measures of penguins go together",
+                    words("data/samples/penguins.csv --kind correlation "
+                          "--y bill_length_mm,bill_depth_mm,flipper_length_mm,body_mass_g")),
+        {QStringLiteral("weather-correlation"),
+         QStringLiteral("The weather of one day and of the days before"),
+         {},
+         gallery::buildWeatherMatrix},
+        fromCommand("weather-pie", "Days of each kind of weather in Seattle",
+                    words("data/samples/seattle-weather.csv --kind pie --label weather")),
+        fromCommand("penguin-rings", "Species of penguins on Torgersen, Biscoe and Dream, from the inside",
+                    words("data/samples/penguins.csv --kind pie --label species --ring island --theme dark")),
     };
 }
 

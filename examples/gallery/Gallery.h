@@ -34,5 +34,6 @@ FenDataTable sample(QString const& file);
 void buildWeatherKinds(FenVisScene& scene);
 void buildStackedSources(FenVisScene& scene);
 void buildBarsAndLine(FenVisScene& scene);
+void buildWeatherMatrix(FenVisScene& scene);
 
 } // namespace gallery

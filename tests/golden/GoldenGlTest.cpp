@@ -4,7 +4,8 @@
 #include "host/table/DataTable.h"
 #include "tests/support/OffscreenGlTest.h"
 
-#include "charts/chart2d/VisChart2D.h"
+#include "charts/correlation/VisChartCorrelation.h"
+#include "charts/pie/VisChartPie.h"
 #include "services/chartdata/ChartVariable.h"
 
 #include <QFile>
@@ -95,6 +96,19 @@ protected:
     }
 };
 
+/// The colour that a chart shows a variable in.
+QColor colorOf(FenVisChart const& node, FenChartVariable const& variable)
+{
+    // Each variable goes along with itself.
+    if (auto const* const matrix = dynamic_cast<FenVisChartCorrelation const*>(&node))
+        return matrix->binColors().back();
+    bool const areas =
+        variable.style.get() == FenChart::styleBar || dynamic_cast<FenVisChartPie const*>(&node);
+    if (areas) return variable.fillColor.get();
+    bool const points = variable.lineMode.get() == FenChart::lineNone;
+    return points ? variable.symbolColor.get() : variable.lineColor.get();
+}
+
 std::string sceneName(testing::TestParamInfo<gallery::Scene> const& info)
 {
     std::string name = info.param.name.toStdString();
@@ -147,19 +161,12 @@ TEST_P(GoldenGlTest, ShowsEachOfItsVariables)
     constexpr int least = 40; // [px]
     FenVisScene scene;
     Picture const actual = drawn(scene);
-    auto const* const node = dynamic_cast<FenVisChart2D const*>(scene.root().at(0U));
-    ASSERT_TRUE(node);
-    FenChart2D const& chart = node->chart;
-    ASSERT_GT(chart.variables.size(), 0U);
-    for (unsigned i = 0; i < chart.variables.size(); ++i) {
-        FenChartVariable const& variable = chart.variables[i];
-        bool const bars = variable.style.get() == FenChart::styleBar;
-        bool const points = variable.lineMode.get() == FenChart::lineNone;
-        QColor const color = bars ? variable.fillColor.get()
-            : points              ? variable.symbolColor.get()
-                                  : variable.lineColor.get();
-        EXPECT_GE(actual.count(color, 8), least) << variable.name().toStdString();
-    }
+    auto* const node = dynamic_cast<FenVisChart*>(scene.root().at(0U));
+    ASSERT_TRUE(node && node->variables());
+    FenChartVariableList const& variables = *node->variables();
+    ASSERT_GT(variables.size(), 0U);
+    for (unsigned i = 0; i < variables.size(); ++i)
+        EXPECT_GE(actual.count(colorOf(*node, variables[i]), 8), least) << variables[i].name().toStdString();
     QColor const corner = actual.pixel(0, 0);
     EXPECT_EQ(scene.background.get().rgb(), corner.rgb());
 }
