@@ -4,10 +4,11 @@
 #include "services/opengl/OglText.h"
 #include "services/properties/ColorSchemes.h"
 
+#include <QImage>
+
 #include <cmath>
 
 using Kes::Math::NumberFormat;
-using Kes::Math::Vector2;
 
 namespace fen {
 
@@ -72,24 +73,18 @@ void CorrelationPicture::addNames(CorrelationMatrix const& matrix, FenOglText co
 
 void CorrelationPicture::addCells(CorrelationMatrix const& matrix)
 {
-    unsigned const count = matrix.count(), bins = matrix.bins.count();
-    int const none = -1;
-    auto const binAt = [&](unsigned row, unsigned column) {
-        double const value = matrix.value(row, column);
-        return std::isnan(value) ? none : int(matrix.bins.bin(value));
-    };
-    for (unsigned row = 0; row < count; ++row)
-        for (unsigned first = 0, end = 0; first < count; first = end) {
-            int const bin = binAt(row, first);
-            for (end = first + 1; end < count && binAt(row, end) == bin; ++end) { }
-            if (bin == none) continue;
-            FenOglViewport const left = layout.cellRectangle(int(row), int(first));
-            float const x0 = float(left.x()), x1 = x0 + float(left.width()) * float(end - first);
-            float const y0 = float(left.y()), y1 = y0 + float(left.height());
-            corners.insert(corners.end(),
-                           {Vector2(x0, y0), Vector2(x1, y0), Vector2(x1, y1), Vector2(x0, y1)});
-            gradient.insert(gradient.end(), 4, Vector2(0, (float(bin) + 0.5f) / float(bins)));
+    std::vector<QRgb> colors;
+    for (unsigned bin = 0; bin < matrix.bins.count(); ++bin) colors.push_back(matrix.color(bin).rgba());
+    QImage image(layout.count, layout.count, QImage::Format_ARGB32);
+    for (int row = 0; row < layout.count; ++row) {
+        auto* const line = reinterpret_cast<QRgb*>(image.scanLine(row));
+        for (int column = 0; column < layout.count; ++column) {
+            double const value = matrix.value(unsigned(row), unsigned(column));
+            line[column] = std::isnan(value) ? QRgb(0) : colors[matrix.bins.bin(value)];
+            opaque = opaque && qAlpha(line[column]) == 255;
         }
+    }
+    cells = FenOglTexture(image, FenOglTexture::Nearest, FenOglTexture::Clamp);
 }
 
 void CorrelationPicture::addNumbers(CorrelationMatrix const& matrix, FenOglText const& text,

@@ -3,7 +3,7 @@
 #include "charts/correlation/CorrelationBins.h"
 #include "charts/correlation/CorrelationLayout.h"
 #include "services/math/NumberFormat.h"
-#include "services/math/Vector2.h"
+#include "services/opengl/OglTexture.h"
 
 #include <QColor>
 #include <QList>
@@ -44,9 +44,9 @@ struct CorrelationPicture {
     std::vector<Text> rowNames; ///< end at their anchors
     std::vector<Text> columnNames; ///< run upwards from their anchors
     std::vector<Text> numbers; ///< centred at their anchors; none where cells have no room
-    /// Corners of quads and the places of their bins in the gradient. Neighbours in a row that share a bin
-    /// are one quad; cells without a value have none.
-    std::vector<Kes::Math::Vector2> corners, gradient;
+    /// One texel per cell, transparent where there is no value: faster by far than a quad for each.
+    FenOglTexture cells;
+    bool opaque = true; ///< no texel shines through
 
     CorrelationPicture() = default;
     /// @param text  measures the names and numbers

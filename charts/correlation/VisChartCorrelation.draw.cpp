@@ -6,7 +6,6 @@
 #include "picking/hits/VisHitQualifiers.h"
 #include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
-#include "services/opengl/OglCache.h"
 #include "services/opengl/OglText.h"
 #include "services/opengl/OglTexture.h"
 #include "services/opengl/PixelRatio.h"
@@ -40,12 +39,16 @@ void FenVisChartCorrelation::draw2d(DrawContext const& context) const
 void FenVisChartCorrelation::drawCorrelationData(DrawContext const& context) const
 {
     // Blending takes software renderers longer and changes nothing where all is opaque.
-    bool const opaque =
-        std::ranges::all_of(_matrix->colors, [](QColor const& c) { return c.alpha() == 255; });
-    if (opaque) glDisable(GL_BLEND);
-    context.cache.gradient(_matrix->colors, _matrix->bins.count(), true).set();
+    if (_picture->opaque) glDisable(GL_BLEND);
+    FenOglViewport const& area = _picture->layout.matrix;
+    float const left = float(area.x()), right = left + float(area.width());
+    float const bottom = float(area.y()), top = bottom + float(area.height());
+    _picture->cells.set();
     fen::FlatScope::enableTexture(GL_REPLACE);
-    fen::drawTexturedArray(GL_QUADS, _picture->corners, _picture->gradient);
+    fen::drawTexturedArray(
+        GL_TRIANGLE_STRIP,
+        {Vector2(left, bottom), Vector2(right, bottom), Vector2(left, top), Vector2(right, top)},
+        {Vector2(0, 0), Vector2(1, 0), Vector2(0, 1), Vector2(1, 1)});
     glDisable(GL_TEXTURE_2D);
     glEnable(GL_BLEND);
 

@@ -3,6 +3,7 @@
 #include "services/chartdata/ChartVariable.h"
 #include "services/opengl/OglBoxedText.h"
 #include "services/opengl/OglText.h"
+#include "services/properties/ColorSchemes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +15,10 @@ namespace fen {
 namespace {
 
 constexpr double outlineShare = 3; // least arc of an outlined slice, in widths of its outline
+constexpr double crowdedArc = 1.5; // [px] below that neighbours share an area
+constexpr std::size_t leastCrowd = 16; // of them
+constexpr double colorsPerPixel = 2; // along the outer arc of a crowd
+constexpr int mostColors = 4096; // of a gradient
 constexpr double shortestLabelledArc = 8; // [px] no text fits into a narrower slice
 
 } // namespace
@@ -51,9 +56,52 @@ PiePicture::PiePicture(FenOglViewport const& data, std::vector<PieItem> const& i
     , styles(std::move(itemStyles))
 {
     for (PieLayout::Ring const& ring : layout.rings) {
-        for (PieLayout::Slice const& slice : ring.slices) addSlice(slice);
+        addRing(ring);
         if (percent) addLabels(ring, text);
     }
+}
+
+void PiePicture::addRing(PieLayout::Ring const& ring)
+{
+    for (std::size_t first = 0; first < ring.slices.size();) {
+        std::size_t end = first;
+        while (end < ring.slices.size() && crowded(ring.slices[end])) ++end;
+        if (end - first >= leastCrowd) {
+            addCrowd(ring, first, end);
+        } else {
+            end = std::max(end, first + 1);
+            for (std::size_t i = first; i < end; ++i) addSlice(ring.slices[i]);
+        }
+        first = end;
+    }
+}
+
+bool PiePicture::crowded(PieLayout::Slice const& slice) const
+{
+    PieStyle const& style = styles[slice.item];
+    return slice.segment.outerArc() < crowdedArc && style.plain() && style.fill.mode == FillStyle::Solid
+        && !style.outlines(slice.segment);
+}
+
+void PiePicture::addCrowd(PieLayout::Ring const& ring, std::size_t first, std::size_t end)
+{
+    PieSegment const& begin = ring.slices[first].segment;
+    PieSegment const whole{begin.start, ring.slices[end - 1].segment.end, begin.innerRadius,
+                           begin.outerRadius};
+    double const span = whole.end - whole.start;
+    if (!(span > 0)) return;
+    Crowd crowd;
+    int const count = std::clamp(int(std::ceil(whole.outerArc() * colorsPerPixel)), 1, mostColors);
+    for (int i = 0; i < count; ++i) {
+        double const angle = whole.start + (i + 0.5) / count * span;
+        while (first + 1 < end && ring.slices[first].segment.end <= angle) ++first;
+        crowd.colors.append(styles[ring.slices[first].item].fill.color);
+    }
+    appendTriangles(whole, layout.circle, crowd.triangles);
+    forEachCorner(whole, layout.circle.step, [&](double angle, double radius) {
+        crowd.places.push_back({0.0f, float((angle - whole.start) / span * radius), 0.0f, float(radius)});
+    });
+    crowds.push_back(std::move(crowd));
 }
 
 void PiePicture::addSlice(PieLayout::Slice const& slice)
@@ -99,7 +147,7 @@ void PiePicture::addLabels(PieLayout::Ring const& ring, FenOglText& text)
         QRectF const place(
             QPointF(double(pixel.x()) - size.width() / 2, double(pixel.y()) - size.height() / 2), size);
         if (!holds(ring.empty ? ring.whole : segment, layout.circle, place)) continue;
-        labels.push_back({pixel, label, color});
+        labels.push_back({pixel, label, ring.empty ? readableOn(Qt::white) : color}); // as placeholders are
         if (ring.empty) break; // the labels of all its slices would lie on each other
     }
 }

@@ -5,8 +5,10 @@
 #include "services/opengl/VertexArrays.h"
 
 #include <QColor>
+#include <QList>
 #include <QString>
 
+#include <array>
 #include <vector>
 
 class FenOglText;
@@ -42,12 +44,22 @@ struct PiePicture {
         std::vector<Kes::Math::Vector2> ends;
         std::vector<Rgba> colors;
     };
+    /// Neighbours that are too narrow to be told apart. One area shows the colours under its pixels; many
+    /// slivers would take a renderer far longer.
+    struct Crowd {
+        QList<QColor> colors; ///< along the arc
+        std::vector<Kes::Math::Vector2> triangles;
+        /// Places of the corners among the colours, times the radius and divided by it again, so that a
+        /// colour fills a ray.
+        std::vector<std::array<float, 4>> places;
+    };
     PieLayout layout;
     std::vector<PieStyle> styles; ///< one per item
     std::vector<PieLayout::Slice const*> single; ///< slices that are drawn one by one
     std::vector<Kes::Math::Vector2> triangles; ///< areas of all others, three corners each
     std::vector<Rgba> colors; ///< one per corner
     std::vector<Outlines> outlines;
+    std::vector<Crowd> crowds;
     std::vector<Label> labels;
 
     /// @param percent  with labels, where they fit into their slices
@@ -58,6 +70,9 @@ struct PiePicture {
     PiePicture& operator=(PiePicture const&) = delete;
 
 private:
+    void addRing(PieLayout::Ring const& ring);
+    bool crowded(PieLayout::Slice const& slice) const;
+    void addCrowd(PieLayout::Ring const& ring, std::size_t first, std::size_t end);
     void addSlice(PieLayout::Slice const& slice);
     void addOutline(PieSegment const& segment, StrokeStyle const& stroke);
     void addLabels(PieLayout::Ring const& ring, FenOglText& text);

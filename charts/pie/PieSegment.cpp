@@ -87,17 +87,8 @@ void appendOutlineLines(PieSegment const& segment, PieCircle const& circle, std:
 
 void appendTriangles(PieSegment const& segment, PieCircle const& circle, std::vector<Vector2>& triangles)
 {
-    Vector2 inner = circle.point(segment.start, segment.innerRadius);
-    Vector2 outer = circle.point(segment.start, segment.outerRadius);
-    for (double angle = segment.start; angle < segment.end;) {
-        angle = std::min(angle + circle.step, segment.end);
-        Vector2 const nextInner = circle.point(angle, segment.innerRadius);
-        Vector2 const nextOuter = circle.point(angle, segment.outerRadius);
-        triangles.insert(triangles.end(), {inner, outer, nextOuter});
-        if (segment.innerRadius != 0) triangles.insert(triangles.end(), {inner, nextOuter, nextInner});
-        inner = nextInner;
-        outer = nextOuter;
-    }
+    forEachCorner(segment, circle.step,
+                  [&](double angle, double radius) { triangles.push_back(circle.point(angle, radius)); });
 }
 
 bool holds(PieSegment const& segment, PieCircle const& circle, QRectF const& box)

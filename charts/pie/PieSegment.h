@@ -4,6 +4,7 @@
 
 #include <QRectF>
 
+#include <algorithm>
 #include <vector>
 
 namespace fen {
@@ -36,7 +37,24 @@ std::vector<Kes::Math::Vector2> segmentOutline(PieSegment const& segment, PieCir
 /// [px] The same as pairs of corners, appended for GL lines.
 void appendOutlineLines(PieSegment const& segment, PieCircle const& circle,
                         std::vector<Kes::Math::Vector2>& lines);
-/// [px] Its area, appended as triangles: three corners each.
+/// Visits the corners of triangles that cover the area, three each, as angle [rad] and radius [px].
+template <class Visit>
+void forEachCorner(PieSegment const& segment, double step, Visit const& visit)
+{
+    for (double from = segment.start; from < segment.end;) {
+        double const to = std::min(from + step, segment.end);
+        visit(from, segment.innerRadius);
+        visit(from, segment.outerRadius);
+        visit(to, segment.outerRadius);
+        if (segment.innerRadius != 0) {
+            visit(from, segment.innerRadius);
+            visit(to, segment.outerRadius);
+            visit(to, segment.innerRadius);
+        }
+        from = to;
+    }
+}
+/// [px] The same corners as points, appended.
 void appendTriangles(PieSegment const& segment, PieCircle const& circle,
                      std::vector<Kes::Math::Vector2>& triangles);
 

@@ -11,8 +11,10 @@
 #include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/OglBoxedText.h"
+#include "services/opengl/OglCache.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/OglText.h"
+#include "services/opengl/OglTexture.h"
 #include "services/opengl/PixelRatio.h"
 
 #include <QRectF>
@@ -61,7 +63,7 @@ void FenVisChartPie::drawSelect2d(DrawContext const& context, FenVisOglSelectWea
         return;
     }
     drawPlaceholders(context.cache);
-    drawShared();
+    drawShared(context.cache);
     for (fen::PieLayout::Slice const* slice : _picture->single)
         drawSegment(context.cache, slice->segment, _picture->styles[slice->item], false);
     drawHighlight(context);
@@ -76,8 +78,14 @@ void FenVisChartPie::drawPlaceholders(FenOglCache& cache) const
 }
 
 /// All slices that need nothing of their own. Segments do not overlap, so that their order does not matter.
-void FenVisChartPie::drawShared() const
+void FenVisChartPie::drawShared(FenOglCache& cache) const
 {
+    for (fen::PiePicture::Crowd const& crowd : _picture->crowds) {
+        cache.gradient(crowd.colors, unsigned(crowd.colors.size()), true).set();
+        fen::FlatScope::enableTexture(GL_REPLACE);
+        fen::drawProjectedArray(GL_TRIANGLES, crowd.triangles, crowd.places);
+        glDisable(GL_TEXTURE_2D);
+    }
     fen::drawArray(GL_TRIANGLES, _picture->triangles, _picture->colors);
     for (fen::PiePicture::Outlines const& outlines : _picture->outlines) {
         fen::lineWidth(outlines.width);

@@ -56,7 +56,7 @@ public:
 private:
     void drawSelect2d(DrawContext const& context, FenVisOglSelectWeakPtr select) const;
     void drawPlaceholders(FenOglCache& cache) const;
-    void drawShared() const;
+    void drawShared(FenOglCache& cache) const;
     void nameSlices(SelectContext const& context, FenVisOglSelectWeakPtr select) const;
     void drawSegment(FenOglCache& cache, fen::PieSegment const& segment, fen::PieStyle const& style,
                      bool picking) const;

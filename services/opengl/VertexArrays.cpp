@@ -122,6 +122,17 @@ void drawTexturedArray(GLenum kind, std::vector<Vector3> const& points, std::vec
     drawTextured(kind, points, texCoords);
 }
 
+void drawProjectedArray(GLenum kind, std::vector<Vector2> const& points,
+                        std::vector<std::array<float, 4>> const& texCoords)
+{
+    if (points.empty() || texCoords.size() != points.size()) return;
+    ClientScope const scope;
+    usePositions(points);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glTexCoordPointer(4, GL_FLOAT, 0, texCoords.data());
+    glDrawArrays(kind, 0, GLsizei(points.size()));
+}
+
 void drawArray(GLenum kind, std::vector<Vector2> const& points, size_t first, size_t count)
 {
     drawTexturedArray(kind, points, {}, first, count);

@@ -7,6 +7,7 @@
 
 #include <QColor>
 
+#include <array>
 #include <vector>
 
 namespace fen {
@@ -43,6 +44,11 @@ FENVIS_EXPORT void drawTexturedArray(GLenum kind, std::vector<Kes::Math::Vector2
                                      std::vector<Kes::Math::Vector2> const& texCoords);
 FENVIS_EXPORT void drawTexturedArray(GLenum kind, std::vector<Kes::Math::Vector3> const& points,
                                      std::vector<Kes::Math::Vector2> const& texCoords);
+
+/// Texture coordinates (s, t, r, q): between the vertices each is interpolated before s and t are divided by
+/// q.
+FENVIS_EXPORT void drawProjectedArray(GLenum kind, std::vector<Kes::Math::Vector2> const& points,
+                                      std::vector<std::array<float, 4>> const& texCoords);
 
 /// The `count` vertices from `first` on, without copying; what lies beyond the end is left out.
 FENVIS_EXPORT void drawArray(GLenum kind, std::vector<Kes::Math::Vector2> const& points, std::size_t first,
