@@ -15,7 +15,7 @@ namespace fen {
 namespace {
 
 constexpr double outlineShare = 3; // least arc of an outlined slice, in widths of its outline
-constexpr double crowdedArc = 1.5; // [px] below that neighbours share an area
+constexpr double crowdedArc = 6; // [px] neighbours below that share an area, unless they are outlined
 constexpr std::size_t leastCrowd = 16; // of them
 constexpr double colorsPerPixel = 2; // along the outer arc of a crowd
 constexpr int mostColors = 4096; // of a gradient
