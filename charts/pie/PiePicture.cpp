@@ -15,7 +15,7 @@ namespace fen {
 namespace {
 
 constexpr double outlineShare = 3; // least arc of an outlined slice, in widths of its outline
-constexpr double crowdedArc = 6; // [px] neighbours below that share an area, unless they are outlined
+constexpr double crowdedArc = 6; // [px] below that neighbours share an area
 constexpr std::size_t leastCrowd = 16; // of them
 constexpr double colorsPerPixel = 2; // along the outer arc of a crowd
 constexpr int mostColors = 4096; // of a gradient
@@ -79,12 +79,15 @@ void PiePicture::addRing(PieLayout::Ring const& ring)
 bool PiePicture::crowded(PieLayout::Slice const& slice) const
 {
     PieStyle const& style = styles[slice.item];
-    return slice.segment.outerArc() < crowdedArc && style.plain() && style.fill.mode == FillStyle::Solid
-        && !style.outlines(slice.segment);
+    return slice.segment.outerArc() < crowdedArc && style.plain() && style.fill.mode == FillStyle::Solid;
 }
 
 void PiePicture::addCrowd(PieLayout::Ring const& ring, std::size_t first, std::size_t end)
 {
+    for (std::size_t i = first; i < end; ++i) {
+        PieStyle const& style = styles[ring.slices[i].item];
+        if (style.outlines(ring.slices[i].segment)) addOutline(ring.slices[i].segment, style.stroke);
+    }
     PieSegment const& begin = ring.slices[first].segment;
     PieSegment const whole{begin.start, ring.slices[end - 1].segment.end, begin.innerRadius,
                            begin.outerRadius};
