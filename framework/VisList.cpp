@@ -1,6 +1,7 @@
 #include "framework/VisList.h"
 
 #include "axes/VisColorMap.h"
+#include "framework/Placeholder.h"
 #include "framework/VisPassiveNode.h"
 #include "scene/VisPlane.h"
 #include "services/logging/Checks.h"
@@ -19,25 +20,6 @@ constexpr char const* destructorMark = " @line 185";
 constexpr char const* wrongTypeText = "c && \"Type is incorrect\"";
 constexpr char const* tooDeepText = "fits && \"lists are nested more than 64 deep\"";
 constexpr char const* tooDeepMark = "@line 141";
-
-/// What a failed look-up refers to: a node that does nothing and belongs to no tree.
-FenVisPassiveNode& placeholder()
-{
-    // Never destroyed, so that it can be referred to until the very end.
-    static FenVisPassiveNode& node = *new FenVisPassiveNode(*new FenModifiedGroup);
-    return node;
-}
-
-/// The placeholder as it was at first, whatever was done to it since the last failure.
-FenVisualization& freshPlaceholder()
-{
-    FenVisPassiveNode& node = placeholder();
-    if (node.parent()) node.parent()->remove(&node);
-    while (node.size() > 0) node.erase(node.back());
-    node.rename(QString());
-    node = FenVisPassiveNode(node.group());
-    return node;
-}
 
 /// Levels of lists at and above one.
 int levelsAbove(FenProperties const* list)
@@ -101,7 +83,7 @@ FenVisList::~FenVisList() { FENVIS_TRACE(destructorMark); }
 
 bool FenVisList::insert(FenVisualization* node, bool nested)
 {
-    if (!node || node == &placeholder()) return false;
+    if (!node || node == &fen::placeholder<FenVisPassiveNode>()) return false;
     if (node->name().isEmpty()) node->rename(_defaultChildName);
     return insert(static_cast<FenProperties*>(node), nested);
 }
@@ -118,13 +100,13 @@ bool FenVisList::insert(std::nullptr_t, bool) { return false; }
 FenVisualization& FenVisList::child(QString const& name, QString const& type)
 {
     FenVisualization* const c = asNode(FenVisualization::child(name, type));
-    return FENVIS_ENSURE(c, wrongTypeText) ? *c : freshPlaceholder();
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : fen::freshPlaceholder<FenVisPassiveNode>();
 }
 
 FenVisualization const& FenVisList::child(QString const& name, QString const& type) const
 {
     FenVisualization const* const c = asNode(FenVisualization::child(name, type));
-    return FENVIS_ENSURE(c, wrongTypeText) ? *c : freshPlaceholder();
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : fen::freshPlaceholder<FenVisPassiveNode>();
 }
 
 FenVisualization* FenVisList::at(unsigned int i) { return asNode(FenVisualization::at(i)); }

@@ -1,5 +1,6 @@
 #include "scene/VisLightList.h"
 
+#include "framework/Placeholder.h"
 #include "scene/VisLight.h"
 #include "services/logging/Checks.h"
 #include "services/opengl/Gl.h"
@@ -16,13 +17,6 @@ constexpr char const* constructorMark = " @line 24";
 constexpr char const* typeText = "type == FenVisLight::typeString";
 constexpr char const* itemTypeText = "item->type() == FenVisLight::typeString";
 constexpr char const* wrongTypeText = "c && \"Type is incorrect\"";
-
-/// What a failed look-up refers to; never destroyed, so that it can be referred to until the very end.
-FenVisLight& placeholder()
-{
-    static FenVisLight& light = *new FenVisLight(*new FenModifiedGroup);
-    return light;
-}
 
 /// `value` within the range that OpenGL takes; anything else is an error there.
 float within(float value, float least, float most, float fallback)
@@ -102,7 +96,7 @@ FenProperties* FenVisLightList::makeChild(QString const& name, QString const&)
 
 bool FenVisLightList::insert(FenVisLight* item, bool nested)
 {
-    if (!item || item == &placeholder()) return false;
+    if (!item || item == &fen::placeholder<FenVisLight>()) return false;
     if (item->name().isEmpty()) item->rename(QStringLiteral("light"));
     FENVIS_ENSURE(item->type() == FenVisLight::typeString, itemTypeText);
     return insert(static_cast<FenProperties*>(item), nested);
@@ -112,14 +106,14 @@ FenVisLight& FenVisLightList::child(QString const& name, QString const& type)
 {
     FENVIS_ENSURE(type == FenVisLight::typeString, typeText);
     auto* const c = dynamic_cast<FenVisLight*>(FenProperties::child(name, type));
-    return FENVIS_ENSURE(c, wrongTypeText) ? *c : placeholder();
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : fen::freshPlaceholder<FenVisLight>();
 }
 
 FenVisLight const& FenVisLightList::child(QString const& name, QString const& type) const
 {
     FENVIS_ENSURE(type == FenVisLight::typeString, typeText);
     auto const* const c = dynamic_cast<FenVisLight const*>(FenProperties::child(name, type));
-    return FENVIS_ENSURE(c, wrongTypeText) ? *c : placeholder();
+    return FENVIS_ENSURE(c, wrongTypeText) ? *c : fen::freshPlaceholder<FenVisLight>();
 }
 
 void FenVisLightList::setLighting() const
