@@ -48,7 +48,8 @@ int labelShift(FenChartAxisScale const& scale, std::vector<fen::Tick> const& tic
 
 void FenVisAxesXY::Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAxisPairScale const& xScale,
                         FenChartAxisPairScale const& yScale, FenOglViewport const& dataViewport,
-                        FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const
+                        FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted,
+                        int chartWidth) const
 {
     if (!dataViewport.valid()) return;
     PlacedAxes const axes = placeAxes(chart.chart.xAxes, chart.chart.yAxes, xScale, yScale);
@@ -56,7 +57,7 @@ void FenVisAxesXY::Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAx
     text.clear();
     text.setPointSize(AxisMetrics::pointSize);
     if (!select) drawGrid(axes, dataViewport, text);
-    drawAxesLabels(text, chart, axes, dataViewport, select);
+    drawAxesLabels(text, chart, axes, dataViewport, select, chartWidth);
     drawAxes(chart, axes, dataViewport, select, highlighted);
     text.clear();
 }
@@ -101,7 +102,7 @@ void FenVisAxesXY::drawHorzGrid(std::vector<int> const& points, FenOglViewport c
 }
 
 void FenVisAxesXY::drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, PlacedAxes const& axes,
-                                  FenOglViewport const& data, FenVisOglSelectWeakPtr select)
+                                  FenOglViewport const& data, FenVisOglSelectWeakPtr select, int chartWidth)
 {
     for (Placed const& axis : axes) {
         FenVisPickScope const name(select, chart.hitProperties(),
@@ -109,76 +110,82 @@ void FenVisAxesXY::drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, 
         std::vector<fen::Tick> const ticks = placeTicks(axis, data, text);
         if (axis.visible()) drawTicks(axis, fen::markedPixels(ticks, AxisMetrics::tickSpace), data);
         FenOglTextBatch const joined(text);
-        drawLabels(text, axis, ticks, data);
+        text.setColor(axis.axis.labelColor.get());
+        (axis.vertical() ? drawColumn : drawRow)(text, axis, ticks, data, chartWidth);
         drawTitle(text, axis, data);
     }
 }
 
 void FenVisAxesXY::drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data)
 {
-    int const a = AxisMetrics::tickStart, b = AxisMetrics::tickEnd;
+    // Whole pixels as areas: how long a line is depends on where it begins. They touch the axis line.
+    int const inner = AxisMetrics::tickStart, outer = AxisMetrics::tickEnd;
     int const right = data.x() + data.width(), top = data.y() + data.height();
-    std::vector<Vector2> lines;
+    std::vector<Vector2> marks;
+    auto const add = [&](int x, int y, int width, int height) {
+        marks.insert(marks.end(),
+                     {place(x, y), place(x + width, y), place(x + width, y + height), place(x, y + height)});
+    };
     for (int p : points) {
         switch (axis.side) {
         case Bottom:
-            addLine(lines, place(p, data.y() - a), place(p, data.y() - b));
+            add(p, data.y() - outer + 1, 1, outer - inner);
             break;
         case Top:
-            addLine(lines, place(p, top + a), place(p, top + b));
+            add(p, top + inner, 1, outer - inner);
             break;
         case Left:
-            addLine(lines, place(data.x() - a, p), place(data.x() - b, p));
+            add(data.x() - outer + 1, p, outer - inner, 1);
             break;
         case Right:
-            addLine(lines, place(right + a, p), place(right + b, p));
+            add(right + inner, p, outer - inner, 1);
             break;
         }
     }
     glColor(axis.axis.color.get());
-    fen::lineWidth(1);
-    drawLines(lines);
+    fen::drawArray(GL_QUADS, marks);
 }
 
-void FenVisAxesXY::drawLabels(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
-                              FenOglViewport const& data)
+/// Labels of the left or right side. Where there is no title the widest one would leave the chart: all of
+/// them move to the axis.
+void FenVisAxesXY::drawColumn(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
+                              FenOglViewport const& data, int chartWidth)
 {
-    int const distance = upright(text);
-    int const length = axis.vertical() ? data.height() : data.width();
-    int const shift = labelShift(axis.scale, ticks, length);
-    int const chartWidth = glGetViewport().width();
-    text.setColor(axis.axis.labelColor.get());
+    bool const left = axis.side == Left;
+    int const shift = labelShift(axis.scale, ticks, data.height());
+    int const edge = left ? data.x() : data.x() + data.width();
+    int widest = 0;
+    for (fen::Tick const& tick : ticks) widest = std::max(widest, text.size(tick.label).width());
+    int const room = (left ? edge : chartWidth - edge) - widest - AxisMetrics::rim;
+    int const away = std::max(std::min(upright(text), room), AxisMetrics::tickEnd + 1);
+    text.setAlignment((left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+    for (fen::Tick const& tick : ticks)
+        text.draw(QPoint(left ? edge - away : edge + away, tick.pixel - shift), tick.label);
+}
+
+/// Labels below or above. The first and the last may move a little so that they stay in the chart.
+void FenVisAxesXY::drawRow(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
+                           FenOglViewport const& data, int chartWidth)
+{
+    int const distance = upright(text), shift = labelShift(axis.scale, ticks, data.width());
+    int const y = axis.side == Bottom ? data.y() - distance : data.y() + data.height() + distance;
     int taken = 0; // [half px] what the labels so far have taken of the row; halves as widths may be odd
+    text.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     for (fen::Tick const& tick : ticks) {
-        QString const& label = tick.label;
-        if (label.isEmpty()) continue;
-        int p = tick.pixel - shift;
-        if (axis.vertical()) {
-            bool const left = axis.side == Left;
-            int const edge = left ? data.x() : data.x() + data.width();
-            // Where there is no title the widest label would begin outside the chart: it moves to its axis.
-            int const room = (left ? edge : chartWidth - edge) - text.size(label).width() - AxisMetrics::rim;
-            int const away = std::max(std::min(distance, room), AxisMetrics::tickEnd + 1);
-            text.setAlignment((left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-            text.draw(QPoint(left ? edge - away : edge + away, p), label);
-            continue;
-        }
-        // The first and the last label may be moved a little so that they stay in the chart.
-        int const width = text.size(label).width();
+        if (tick.label.isEmpty()) continue;
+        int const p = tick.pixel - shift, width = text.size(tick.label).width();
         int const half = (width + 1) / 2 + AxisMetrics::rim;
         int const inside = std::clamp(p, std::min(half, p + AxisMetrics::labelShift),
                                       std::max(chartWidth - half, p - AxisMetrics::labelShift));
         if (inside < half || inside > chartWidth - half || 2 * inside - width < taken) continue;
-        p = inside;
-        taken = 2 * p + width + 2 * AxisMetrics::labelSpace;
-        text.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-        bool const bottom = axis.side == Bottom;
-        text.draw(QPoint(p, bottom ? data.y() - distance : data.y() + data.height() + distance), label);
+        taken = 2 * inside + width + 2 * AxisMetrics::labelSpace;
+        text.draw(QPoint(inside, y), tick.label);
     }
 }
 
 void FenVisAxesXY::drawTitle(FenOglText& text, Placed const& axis, FenOglViewport const& data)
 {
+    if (axis.axis.titleColor.get().alpha() == 0) return; // its room stays
     int const length = axis.vertical() ? data.height() : data.width();
     QString const title = fen::elided(text, getAxisTitle(axis.axis), length - 2 * AxisMetrics::titlePadding);
     if (title.isEmpty()) return;

@@ -25,6 +25,7 @@ class FenVisChart2D;
 class FENVIS_EXPORT FenVisAxesXY : public FenVisualization {
 public:
     static QString const typeString;
+    static constexpr int unlimited = 1 << 20; ///< [px] wider than any chart
 
     explicit FenVisAxesXY(FenModifiedGroup& group);
     FenVisAxesXY(FenVisAxesXY const& other);
@@ -40,9 +41,11 @@ public:
     /// Grid, ticks, labels, titles and axis lines around `dataViewport` [px]. With a live select handle
     /// the grid is left out, and each axis gets a name for its labels and title and one for its line.
     /// @param highlighted  the axis that owns it gets a wider line
+    /// @param chartWidth   [px] labels end before it
     void Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAxisPairScale const& xScale,
               FenChartAxisPairScale const& yScale, FenOglViewport const& dataViewport,
-              FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const;
+              FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted,
+              int chartWidth = FenVisAxesXY::unlimited) const;
 
     bool getViewport(FenOglViewport const& parent, FenOglViewport& own) const override;
     void update(DrawContext const& context) override;
@@ -85,9 +88,11 @@ private:
     void drawAxes(FenVisChart2D const& chart, PlacedAxes const& axes, FenOglViewport const& data,
                   FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const;
     static void drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, PlacedAxes const& axes,
-                               FenOglViewport const& data, FenVisOglSelectWeakPtr select);
+                               FenOglViewport const& data, FenVisOglSelectWeakPtr select, int chartWidth);
     static void drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data);
-    static void drawLabels(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
-                           FenOglViewport const& data);
+    static void drawRow(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
+                        FenOglViewport const& data, int chartWidth);
+    static void drawColumn(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
+                           FenOglViewport const& data, int chartWidth);
     static void drawTitle(FenOglText& text, Placed const& axis, FenOglViewport const& data);
 };

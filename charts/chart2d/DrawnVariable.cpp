@@ -1,6 +1,6 @@
 #include "charts/chart2d/DrawnVariable.h"
 
-#include "charts/VisChart.h"
+#include "charts/painting/DenseCurve.h"
 #include "charts/style/BarSlots.h"
 #include "services/chartdata/Chart.h"
 #include "services/chartdata/ChartPerVariableScaling.h"
@@ -39,20 +39,23 @@ ShapePicture makeShape(VariablePicture const& picture, BarSlot const& slot)
     if (style.shape == CurveShape::Bars) return barShape(style, makeBars(data, {slot.width, picture.base}));
     if (!style.curveVisible()) return {};
     bool const stippled = style.line == VariableStyle::Line::Solid && !style.stroke.stipple.isEmpty();
+    Strips line = curveStrips(data, style.shape, stippled ? Reduction::Sparing : Reduction::Columns);
+    Strips band;
     bool const filled = style.fill.mode != FillStyle::None;
-    return curveShape(style,
-                      curveStrips(data, style.shape, stippled ? Reduction::Sparing : Reduction::Columns),
-                      filled ? areaStrips(data, style.shape) : Strips(), picture.base);
+    if (data.ascending()) {
+        if (filled) band = areaBand(areaStrips(data, style.shape), picture.base);
+    } else {
+        if (filled) band = bandOrCover(areaStrips(data, style.shape), picture.base, data.size, data.ratio);
+        line = lineOrCover(std::move(line), data.size, data.ratio);
+    }
+    return curveShape(style, std::move(line), std::move(band));
 }
 
 void makeExtensions(VariablePicture& picture)
 {
     CurveData const& data = picture.data;
-    std::size_t first = 0, last = data.count;
-    auto const defined = [&](std::size_t i) { return !std::isnan(data.x(i)) && !std::isnan(data.y(i)); };
-    while (first < last && !defined(first)) ++first;
-    while (last > first && !defined(last - 1)) --last;
-    if (first == last) return;
+    auto const [left, right] = data.outermost();
+    if (left == data.count) return;
     double const width = data.size.width();
     auto const add = [&](std::size_t i, double end) {
         double const far = 10 * (width + data.size.height());
@@ -62,8 +65,8 @@ void makeExtensions(VariablePicture& picture)
         lines.points.push_back(Vector2(float(std::clamp(data.x(i), 0.0, width)), y));
         lines.points.push_back(Vector2(float(end), y));
     };
-    if (data.x(first) > 0) add(first, 0);
-    if (data.x(last - 1) < width) add(last - 1, width);
+    if (data.x(left) > 0) add(left, 0);
+    if (data.x(right) < width) add(right, width);
     picture.extensionIndex = StripIndex(picture.extensions);
 }
 

@@ -48,7 +48,8 @@ void FenVisChart2D::drawSelect2d(DrawContext const& context, QPoint const& mouse
     if (chart.view3D.get()) return;
     context.text.clear();
     context.text.setColor(chart.textColor.get());
-    _axes.Draw(context.text, *this, _xScale, _yScale, _dataViewport, select, _handler->hovered());
+    _axes.Draw(context.text, *this, _xScale, _yScale, _dataViewport, select, _handler->hovered(),
+               context.viewport.width());
 
     fen::FlatScope const flat;
     fen::scissor(context.viewport.x() + _dataViewport.x() + 1, context.viewport.y() + _dataViewport.y() + 1,

@@ -79,8 +79,7 @@ private:
 
     void clearCaches();
     bool updateView3d(DrawContext const& context, FenChartVariableListCache const& variables);
-    void updateScales(unsigned divisions, DrawContext const& context);
-    void writeRanges(DrawContext const& context);
+    bool updateScales(unsigned divisions, DrawContext const& context);
 
     void drawSelect2d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;
     void drawSelect3d(DrawContext const& context, QPoint const& mouse, FenVisOglSelectWeakPtr select) const;

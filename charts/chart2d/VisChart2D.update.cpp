@@ -22,17 +22,21 @@ namespace {
 
 QString rangeText(double value) { return QString::number(value, 'g', 6); }
 
-/// Tells an axis with an automatic range what was found; quiet when it knows.
-void writeRange(IFenVisPropertyEdit& edit, FenChart2D& chart, FenChartAxis* axis,
+/// Tells an axis with an automatic range what was found; quiet when it knows. Writing may make the host
+/// delete anything, chart and axis too.
+/// @return false when the chart is gone
+bool writeRange(IFenVisPropertyEdit& edit, fen::view_ptr<FenChart2D> const& chart, FenChartAxis* written,
                 FenChartAxisScale const* scale)
 {
-    if (!axis || !scale || !axis->autoRange.get()) return;
+    if (!written || !scale || !written->autoRange.get()) return true;
+    fen::view_ptr<FenChartAxis> const axis(written);
     QString const min = rangeText(scale->min()), max = rangeText(scale->max());
-    if (axis->min.getString() == min && axis->max.getString() == max) return;
+    if (axis->min.getString() == min && axis->max.getString() == max) return true;
     edit.beginEdit();
-    edit.editProperty(chart, *axis, axis->min.name(), min);
-    edit.editProperty(chart, *axis, axis->max.name(), max);
+    if (chart && axis) edit.editProperty(*chart, *axis, axis->min.name(), min);
+    if (chart && axis) edit.editProperty(*chart, *axis, axis->max.name(), max);
     edit.endEdit();
+    return bool(chart);
 }
 
 float inverse(float extent) { return extent != 0 ? 1 / extent : 1.0f; }
@@ -77,8 +81,10 @@ bool FenVisChart2D::updateView3d(DrawContext const& context, FenChartVariableLis
     _yScale.update(ChartMetrics::minimumDivisions, context.numberFormat);
     if (!_bounds.defined()) return true;
     Vector3 min = _bounds.min(), max = _bounds.max();
-    bool const centered = (_xScale.first() && _xScale.first()->centered())
-        || (_xScale.second() && _xScale.second()->centered());
+    auto const centers = [](FenChartAxisScale const* scale) {
+        return scale && scale->shown() && scale->centered();
+    };
+    bool const centered = centers(_xScale.first()) || centers(_xScale.second());
     if (!centered) FenChartAxisScale::ExpandRange(min.x(), max.x(), 0.02f);
     FenChartAxisScale::ExpandRange(min.y(), max.y(), 0.05f);
     Vector3 const extent = max - min;
@@ -101,20 +107,17 @@ bool FenVisChart2D::updateView3d(DrawContext const& context, FenChartVariableLis
     return true;
 }
 
-void FenVisChart2D::updateScales(unsigned divisions, DrawContext const& context)
+/// @return false when the chart has been deleted meanwhile
+bool FenVisChart2D::updateScales(unsigned divisions, DrawContext const& context)
 {
     _xScale.update(divisions, context.numberFormat);
     _yScale.update(divisions, context.numberFormat);
-    writeRanges(context);
-}
-
-void FenVisChart2D::writeRanges(DrawContext const& context)
-{
-    IFenVisPropertyEdit& edit = *context.propertyEdit;
-    writeRange(edit, chart, chart.xAxes.first(), _xScale.first());
-    writeRange(edit, chart, chart.xAxes.second(), _xScale.second());
-    writeRange(edit, chart, chart.yAxes.first(), _yScale.first());
-    writeRange(edit, chart, chart.yAxes.second(), _yScale.second());
+    boost::shared_ptr<IFenVisPropertyEdit> const edit = context.propertyEdit;
+    fen::view_ptr<FenChart2D> const content(&chart);
+    return writeRange(*edit, content, chart.xAxes.first(), _xScale.first())
+        && writeRange(*edit, content, chart.xAxes.second(), _xScale.second())
+        && writeRange(*edit, content, chart.yAxes.first(), _yScale.first())
+        && writeRange(*edit, content, chart.yAxes.second(), _yScale.second());
 }
 
 void FenVisChart2D::resize(DrawContext const& context)
@@ -126,7 +129,7 @@ void FenVisChart2D::resize(DrawContext const& context)
         return;
     }
     int const divisions = std::min(room.width(), room.height()) / ChartMetrics::pixelsPerDivision;
-    updateScales(std::max(unsigned(divisions), ChartMetrics::minimumDivisions), context);
+    if (!updateScales(std::max(unsigned(divisions), ChartMetrics::minimumDivisions), context)) return;
     context.text.clear();
     _dataViewport = _axes.GetDataViewport(context.text, chart.xAxes, chart.yAxes, _xScale, _yScale, room);
     if (!_dataViewport.valid() || chart.view3D.get()) return;

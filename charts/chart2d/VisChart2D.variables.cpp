@@ -88,11 +88,6 @@ QRect pixelsOfPoints(QRectF const& area)
                  QPoint(int(std::floor(area.right() - 0.5)), int(std::floor(area.bottom() - 0.5))));
 }
 
-bool isDefined(fen::CurveData const& data, std::size_t point)
-{
-    return point < data.count && !std::isnan(data.x(point)) && !std::isnan(data.y(point));
-}
-
 } // namespace
 
 void FenVisChart2D::drawCurve(Pass const& pass, fen::DrawnVariable const& one,
@@ -131,7 +126,7 @@ void FenVisChart2D::drawSymbol(Pass const& pass, fen::DrawnVariable const& one,
     if (highlight.whole()) {
         for (QPoint const& place : picture.symbols.positions())
             geometry.drawHighlightedPoint(symbolCenter(place, style.symbolSize), halo);
-    } else if (highlight.on && isDefined(picture.data, std::size_t(highlight.point))) {
+    } else if (highlight.on && picture.data.defined(std::size_t(highlight.point))) {
         std::size_t const point = std::size_t(highlight.point);
         auto const at = std::lower_bound(picture.symbolPoints.begin(), picture.symbolPoints.end(), point);
         drawn = std::size_t(at - picture.symbolPoints.begin());

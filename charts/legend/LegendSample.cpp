@@ -35,7 +35,7 @@ ShapePicture sampleCurve(VariableStyle const& style, QRect const& area)
     Strips line;
     line.points = {Vector2(float(area.x()), middle), Vector2(float(area.x() + area.width()), middle)};
     line.pieces.push_back({0, line.points.size()});
-    return curveShape(style, line, line, double(area.y() + 1));
+    return curveShape(style, line, areaBand(line, double(area.y() + 1)));
 }
 
 } // namespace

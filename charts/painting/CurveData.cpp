@@ -89,6 +89,24 @@ QPoint CurveData::pixel(std::size_t i) const
 
 bool CurveData::ascending() const { return !xColumn || xColumn->ascending(); }
 
+bool CurveData::defined(std::size_t i) const { return !std::isnan(x(i)) && !std::isnan(y(i)); }
+
+std::pair<std::size_t, std::size_t> CurveData::outermost() const
+{
+    std::size_t left = 0, right = count;
+    while (left < count && !defined(left)) ++left;
+    if (left == count) return {count, count};
+    while (!defined(right - 1)) --right;
+    --right;
+    if (ascending()) return {left, right};
+    for (std::size_t i = left, end = right + 1; i < end; ++i) {
+        if (!defined(i)) continue;
+        if (xValue(i) < xValue(left)) left = i;
+        if (xValue(i) > xValue(right)) right = i;
+    }
+    return {left, right};
+}
+
 std::size_t CurveData::firstFrom(double px, std::size_t hint) const
 {
     return search(hint, count, [&](std::size_t i) { return x(i) >= px; });

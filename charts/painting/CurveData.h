@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <utility>
 
 class FenChartColumn;
 class FenChartVariableCache;
@@ -42,6 +43,11 @@ struct CurveData {
 
     /// True when x never descends in the data, so that positions can be searched.
     bool ascending() const;
+    bool defined(std::size_t i) const;
+    /// The leftmost and the rightmost point that is defined; of equally far ones the first and the last.
+    /// @return `count` twice when no point is defined
+    std::pair<std::size_t, std::size_t> outermost() const;
+
     /// First point at or right of (right of) a pixel position; ascending x only.
     /// @param hint  an index at or before which the search begins
     std::size_t firstFrom(double px, std::size_t hint) const;

@@ -166,18 +166,13 @@ std::vector<std::size_t> pointsInside(CurveData const& data, QRect const& area, 
 
 namespace {
 
-bool defined(CurveData const& data, std::size_t i)
-{
-    return !std::isnan(data.x(i)) && !std::isnan(data.y(i));
-}
-
 std::size_t nearestInX(CurveData const& data, bool held, double x)
 {
     std::size_t const behind = data.firstBeyond(x, 0);
     std::size_t before = behind, after = behind;
-    while (before > 0 && !defined(data, before - 1)) --before;
+    while (before > 0 && !data.defined(before - 1)) --before;
     if (held && before > 0) return before - 1;
-    while (after < data.count && !defined(data, after)) ++after;
+    while (after < data.count && !data.defined(after)) ++after;
     if (before == 0) return after;
     if (after == data.count) return before - 1;
     return x - data.x(before - 1) <= data.x(after) - x ? before - 1 : after;

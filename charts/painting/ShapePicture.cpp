@@ -55,13 +55,13 @@ void finishLine(ShapePicture& shape, VariableStyle const& style)
 
 } // namespace
 
-ShapePicture curveShape(VariableStyle const& style, Strips line, Strips const& edge, double base)
+ShapePicture curveShape(VariableStyle const& style, Strips line, Strips band)
 {
     ShapePicture shape;
     shape.line = std::move(line);
     finishLine(shape, style);
     if (style.fill.mode == FillStyle::None) return shape;
-    shape.area = areaBand(edge, base);
+    shape.area = std::move(band);
     shape.areaIndex = StripIndex(shape.area);
     return shape;
 }

@@ -33,9 +33,8 @@ struct ShapePicture {
     Strips narrowBars; ///< middles of the bars that have no outline; they glow in its place
 };
 
-/// A curve as it is drawn, and as the edge of its area.
-/// @param base  [px] height of the base line
-ShapePicture curveShape(VariableStyle const& style, Strips line, Strips const& edge, double base);
+/// A curve as it is drawn, and the band between it and its base line, empty without a fill.
+ShapePicture curveShape(VariableStyle const& style, Strips line, Strips band);
 /// Filled bars that are too narrow for an outline have none.
 ShapePicture barShape(VariableStyle const& style, std::vector<Bar> bars);
 /// Gives the parts that have gradient colours their texture coordinates.

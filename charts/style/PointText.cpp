@@ -1,38 +1,23 @@
 #include "charts/style/PointText.h"
 
 #include "picking/hits/VisHitQualifiers.h"
-#include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartAxisScale.h"
 #include "services/chartdata/ChartVariableCache.h"
-#include "services/chartdata/DateTicks.h"
 #include "services/properties/StringBuilder.h"
 
 #include <boost/make_shared.hpp>
 
-#include <cmath>
+#include <algorithm>
 #include <limits>
 
 namespace fen {
 
 namespace {
 
-QString categoryText(FenChartAxisScale const& scale, double value)
+QString valueText(FenStringBuilder const& builder, FenChartAxisScale const* scale, double value)
 {
-    auto const* const axis = dynamic_cast<FenChartAxisDiscrete const*>(scale.axis());
-    double const category = std::round(value);
-    if (!axis || !(category >= 0) || category >= double(axis->labels.get().size())) return QString();
-    return axis->labels.get().at(qsizetype(category));
-}
-
-void fillIn(FenStringBuilder::Formatter& text, FenChartAxisScale const* scale, double value)
-{
-    QString known;
-    if (scale && scale->discrete()) known = categoryText(*scale, value);
-    if (scale && scale->date()) known = dateText(value);
-    if (known.isEmpty())
-        text(value);
-    else
-        text(known);
+    if (scale) return scale->valueText(value, builder.numberFormat());
+    return QString::fromStdString(builder.numberFormat().format(value));
 }
 
 } // namespace
@@ -52,14 +37,14 @@ QString pointText(FenStringBuilder const& builder, FenChartVariable const& varia
     if (auto const* pair = dynamic_cast<FenVisHitVector2Qualifier const*>(values)) {
         FenStringBuilder::Formatter text = builder.formatter(QStringLiteral("%1 { %2, %3 } "));
         text(variable.name());
-        fillIn(text, xScale, pair->x);
-        fillIn(text, yScale, pair->y);
+        text(valueText(builder, xScale, pair->x));
+        text(valueText(builder, yScale, pair->y));
         return text();
     }
     if (auto const* single = dynamic_cast<FenVisHitVector1Qualifier const*>(values)) {
         FenStringBuilder::Formatter text = builder.formatter(QStringLiteral("%1 { %2 } "));
         text(variable.name());
-        fillIn(text, yScale, single->value);
+        text(valueText(builder, yScale, single->value));
         return text();
     }
     return variable.name();

@@ -19,8 +19,9 @@ namespace fen {
 boost::shared_ptr<FenVisHitProperty::IQualifier> dataPoint(FenChartVariableCache const& cache,
                                                            std::size_t point);
 
-/// Tooltip of a data point, "name { x, y } ": numbers as the builder writes them, points in time as ISO
-/// texts, categories by their labels. The name alone when the point has no values.
+/// Tooltip of a data point, "name { x, y } ": numbers in the builder's format with the digits that the axes
+/// need, points in time as ISO texts, categories by their labels. The name alone when the point has no
+/// values.
 /// @param values  the inner qualifier of a data point; may be null
 /// @param xScale, yScale  of the variable's axes; null: plain numbers
 QString pointText(FenStringBuilder const& builder, FenChartVariable const& variable,

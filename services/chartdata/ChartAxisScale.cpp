@@ -1,6 +1,8 @@
 #include "services/chartdata/ChartAxisScale.h"
 
+#include "services/chartdata/AxisValueText.h"
 #include "services/chartdata/ChartAxis.h"
+#include "services/chartdata/DateTicks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -111,6 +113,16 @@ void FenChartAxisScale::resolveDiscrete(FenChartAxisDiscrete const& axis, FenCha
 QString FenChartAxisScale::label(unsigned i) const { return i < size() ? _ticks[i].label : QString(); }
 
 double FenChartAxisScale::percentage(unsigned i) const { return i < size() ? _ticks[i].position : 0.0; }
+
+QString FenChartAxisScale::valueText(double value, Kes::Math::NumberFormat const& format) const
+{
+    double const category = std::round(value);
+    if (_discrete && category >= 0 && category < double(_labels.size())
+        && !_labels.at(qsizetype(category)).isEmpty())
+        return _labels.at(qsizetype(category));
+    QString const day = _date ? fen::dateText(value) : QString();
+    return day.isEmpty() ? fen::axisValueText(value, _min, _max, format) : day;
+}
 
 unsigned FenChartAxisScale::labelStride(std::vector<double> const& extents, double length, double gap) const
 {

@@ -61,6 +61,10 @@ public:
     /// Position of tick i on the axis, ascending, 0 at min and 1 at max; 0 beyond the last.
     double percentage(unsigned i) const;
 
+    /// A value as tooltips tell it: the label of a category, a date as an ISO text, a number with the digits
+    /// that tell it from its neighbours on this axis.
+    QString valueText(double value, Kes::Math::NumberFormat const& format) const;
+
     /// The smallest n for which labels 0, n, 2n ... do not touch each other; at least 1.
     /// @param extents  [px] of each label along the axis
     /// @param length   [px] of the axis

@@ -45,6 +45,7 @@ public:
     FenStringBuilder(Kes::Math::NumberFormat const& format = {});
 
     Formatter formatter(QString const& pattern) const;
+    Kes::Math::NumberFormat const& numberFormat() const { return _format; }
 
 private:
     Kes::Math::NumberFormat _format;

@@ -1,4 +1,5 @@
 #include "charts/painting/CurvePoints.h"
+#include "charts/painting/DenseCurve.h"
 #include "services/chartdata/ChartColumn.h"
 
 #include <gtest/gtest.h>
@@ -184,6 +185,34 @@ TEST(CurvePoints, ReducedCurvesCoverThePixelsOfAllPoints)
                         EXPECT_LE(strips.points.size() + strips.spans.size(), 6u * 100u) << family.name << n;
                     }
                 }
+}
+
+TEST(CurvePoints, ACurveThatCrossesEveryPixelManyTimesIsDrawnOnce)
+{
+    std::mt19937 random(5);
+    int const n = 40000;
+    Values x = ascending(random, n), y = noise(random, n);
+    std::shuffle(x.begin(), x.end(), random);
+    for (double& v : y) v = std::clamp(v, -0.95, 0.95);
+    fen::CurveData const data = curve(x, y, 100);
+    Strips const all = fen::curveStrips(data, CurveShape::Line, fen::Reduction::Columns);
+    Strips const cover = fen::lineOrCover(all, data.size, 1);
+    EXPECT_EQ("", covered(all).differs(covered(cover), 100));
+    EXPECT_LT(cover.spans.size(), 100u * 80u);
+
+    double const base = 30;
+    Strips const band = fen::bandOrCover(all, base, data.size, 1);
+    EXPECT_EQ(400u, band.points.size()) << "one stripe per column";
+    Coverage filled = covered(all);
+    for (int column = 0; column < 100; ++column) filled.insert(column, base);
+    Coverage stripes;
+    for (std::size_t i = 0; i < band.points.size(); ++i)
+        stripes.insert(int(band.points[i].x()) - int(i % 4 / 2), double(band.points[i].y()));
+    EXPECT_EQ("", filled.differs(stripes, 100));
+
+    // A few loops stay the lines that they are.
+    Strips const few = fen::lineOrCover({{{0, 0}, {90, 70}, {10, 70}, {80, 0}}, {{0, 4}}, {}}, data.size, 1);
+    EXPECT_EQ(4u, few.points.size());
 }
 
 TEST(CurvePoints, ASplineGoesThroughItsPointsAndAStairHoldsEachValue)

@@ -219,22 +219,31 @@ TEST_F(VisChart2DGlTest, NarrowBarsGlowThoughTheyHaveNoOutline)
     EXPECT_GT(show().differingPixels(plain), 200);
 }
 
-TEST_F(VisChart2DGlTest, ExtensionsReachTheEndsOfTheAxis)
+TEST_F(VisChart2DGlTest, ExtensionsReachTheEndsOfTheAxisFromTheOutermostPoints)
 {
     fixRanges();
-    FenChartVariable& a = scene.line("a", {{3, 1}, {7, 1}});
-    a.lineColor.set(Qt::blue);
     scene.axis("y").gridColor.set(Qt::transparent);
+    FenChartVariable& a = scene.columns("a", {}, {});
+    a.lineColor.set(Qt::blue);
     a.lineExtension.set(true);
-    Picture const drawn = updated();
-    FenOglViewport const data = scene.data();
-    QPoint const row = scene.pixelOf("a", 0);
-    int const top = drawn.height() - 1 - row.y() - 1;
-    for (QRect const side :
-         {QRect(data.x() + 3, top, 80, 3), QRect(data.x() + data.width() - 80, top, 78, 3)}) {
-        int const ink = drawn.count(Qt::blue, side);
-        EXPECT_GT(ink, 50) << "dashed, 2 px wide";
-        EXPECT_LT(ink, 110);
+    std::vector<std::vector<double>> const orders = {{3, 5, 7}, {7, 5, 3}, {5, 7, 3}};
+    for (std::vector<double> const& x : orders) {
+        std::vector<double> y = x; // on the rising diagonal: left end low, right end high
+        for (double& value : y) value -= 5;
+        a.setData(Kes::Math::Vector3::CompX, x);
+        a.setData(Kes::Math::Vector3::CompY, y);
+        Picture const drawn = updated();
+        FenOglViewport const data = scene.data();
+        auto const ink = [&](int left, double value) {
+            int const row = data.y() + int((value + 5) / 10 * data.height());
+            return drawn.count(Qt::blue, QRect(left, drawn.height() - 2 - row, 80, 3));
+        };
+        for (double value : {-2.0, 2.0}) {
+            bool const low = value < 0;
+            EXPECT_NEAR(low ? 80 : 0, ink(data.x() + 3, value), low ? 30 : 0) << x[0] << value;
+            EXPECT_NEAR(low ? 0 : 80, ink(data.x() + data.width() - 82, value), low ? 0 : 30)
+                << x[0] << value;
+        }
     }
 }
 

@@ -117,6 +117,9 @@ TEST_F(VisChart2DPickGlTest, TooltipsTellTheValuesUnderThePointer)
                     {"nearest of a curve", "line", {{0, 1}, {4, 1}, {8, 1}}, 1, {9, 0}, "a { 4, 1 } "},
                     {"held value", "step", {{0, 1}, {4, 3}, {8, 1}}, 1, {130, 0}, "a { 4, 3 } "},
                     {"bar", "bar", {{0, 4}, {1, 2}}, 0, {20, -40}, "a { 0, 4 } "},
+                    {"many digits", "", {{1234567.89, 1}, {1234567.9, 2}}, 0, {}, "a { 1234567.89, 1 } "},
+                    {"thirds", "", {{1 / 3.0, 1}, {1, 2 / 3e4}}, 0, {}, "a { 0.333333, 1 } "},
+                    {"close thirds", "", {{1000 + 1 / 3.0, 1}, {1000, 2}}, 0, {}, "a { 1000.333333, 1 } "},
                     {"picometres", "", {{1e-12, 1}, {1.5e-12, 2}}, 1, {}, "a { 1.5e-12, 2 } "}},
                    [](ChartScene&) {});
     expectTooltips({{"category", "bar", {{0, 4}, {1, 2.5}}, 1, {0, -10}, "a { Tue, 2.5 } "},

@@ -51,6 +51,27 @@ TEST(VisChart2D, WritesFoundRangesBackOnceAndIsQuietThen)
     EXPECT_FALSE(scene.chart->watcher().modified());
 }
 
+TEST(VisChart2D, SurvivesAHostThatDeletesChartOrAxisWhenItIsToldOfARange)
+{
+    struct Row {
+        char const* what;
+        std::function<void(ChartScene&)> remove;
+        QStringList edits;
+    };
+    Row const rows[] = {{"chart", [](ChartScene& s) { s.chart.reset(); }, {"begin", "x.min=-0.02", "end"}},
+                        {"axis",
+                         [](ChartScene& s) { s.chart->chart.xAxes.setFirst("x", QString()); },
+                         {"begin", "x.min=-0.02", "end", "begin", "y.min=2.8", "y.max=7.2", "end"}}};
+    for (Row const& row : rows) {
+        ChartScene scene;
+        scene.line("a", {{0, 3}, {1, 7}});
+        scene.onEdit = [&] { row.remove(scene); };
+        scene.update();
+        EXPECT_EQ(row.edits, scene.edits.mid(0, row.edits.size())) << row.what;
+        EXPECT_EQ(scene.edits.count("begin"), scene.edits.count("end")) << row.what;
+    }
+}
+
 TEST(VisChart2D, TellsWhichVariablesAreFitToBeDrawn)
 {
     ChartScene scene;

@@ -21,20 +21,23 @@ namespace {
 /// Writes what a pass found into the tree and keeps a record.
 class PassEdit : public IFenVisPropertyEdit {
 public:
-    explicit PassEdit(QStringList& record)
+    PassEdit(QStringList& record, std::function<void()> const& onEdit)
         : _record(record)
+        , _onEdit(onEdit)
     {
     }
     void beginEdit() override { _record << QStringLiteral("begin"); }
     void editProperty(FenProperties&, FenProperties& item, QString const& key, QString const& value) override
     {
         _record << item.name() + QLatin1Char('.') + key + QLatin1Char('=') + value;
+        if (_onEdit) return _onEdit();
         item.setValue(key, value);
     }
     void endEdit() override { _record << QStringLiteral("end"); }
 
 private:
     QStringList& _record;
+    std::function<void()> const& _onEdit;
 };
 
 FenVisHitProperty hitOf(FenVisHitRecordList const& hits, FenVisHitRecord* record = nullptr)
@@ -63,7 +66,7 @@ ChartScene::ChartScene(QSize const& size)
     , text(cache)
     , chart(std::make_unique<FenVisChart2D>(group))
     , _size(size)
-    , _edit(boost::make_shared<PassEdit>(edits))
+    , _edit(boost::make_shared<PassEdit>(edits, onEdit))
 {
     chart->enabled.set(true);
     chart->chart.xAxes.setFirst(QStringLiteral("x"), FenChartAxisContinuous::typeString);
@@ -156,6 +159,7 @@ void ChartScene::update()
 
 void ChartScene::layout()
 {
+    if (!chart) return; // deleted in its update
     FenVisualization::DrawContext own = context();
     if (chart->getViewport(own.viewport, own.viewport)) chart->resize(own);
 }

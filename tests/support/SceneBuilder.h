@@ -15,6 +15,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -66,6 +67,7 @@ public:
     FenOglGeometry geometry;
     std::unique_ptr<FenVisChart2D> chart;
     QStringList edits; ///< "axis.key=value" and "begin", "end", as the passes wrote them
+    std::function<void()> onEdit; ///< what a host does when it is told of an edit; the edit is then not made
 
 private:
     FenVisualization::DrawContext context();
