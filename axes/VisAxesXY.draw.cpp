@@ -52,24 +52,25 @@ void FenVisAxesXY::Draw(FenOglText& text, FenVisChart2D const& chart, FenChartAx
                         int chartWidth) const
 {
     if (!dataViewport.valid()) return;
-    PlacedAxes const axes = placeAxes(chart.chart.xAxes, chart.chart.yAxes, xScale, yScale);
+    PlacedAxes axes = placeAxes(chart.chart.xAxes, chart.chart.yAxes, xScale, yScale);
     fen::FlatScope const flat;
     text.clear();
     text.setPointSize(AxisMetrics::pointSize);
-    if (!select) drawGrid(axes, dataViewport, text);
+    for (Placed& axis : axes) axis.ticks = placeTicks(axis, dataViewport, text);
+    if (!select) drawGrid(axes, dataViewport);
     drawAxesLabels(text, chart, axes, dataViewport, select, chartWidth);
     drawAxes(chart, axes, dataViewport, select, highlighted);
     text.clear();
 }
 
-void FenVisAxesXY::drawGrid(PlacedAxes const& axes, FenOglViewport const& data, FenOglText const& text)
+void FenVisAxesXY::drawGrid(PlacedAxes const& axes, FenOglViewport const& data)
 {
     fen::lineWidth(1);
     for (Placed const& axis : axes) {
         QColor const color = axis.axis.gridColor.get();
         if (color.alpha() == 0) continue;
         glColor(color);
-        std::vector<int> points = fen::markedPixels(placeTicks(axis, data, text), AxisMetrics::tickSpace);
+        std::vector<int> points = fen::markedPixels(axis.ticks, AxisMetrics::tickSpace);
         if (axis.vertical()) {
             points.push_back(data.y());
             points.push_back(data.y() + data.height());
@@ -107,16 +108,15 @@ void FenVisAxesXY::drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, 
     for (Placed const& axis : axes) {
         FenVisPickScope const name(select, chart.hitProperties(),
                                    [&] { return FenVisHitProperty(&axis.axis); });
-        std::vector<fen::Tick> const ticks = placeTicks(axis, data, text);
-        if (axis.visible()) drawTicks(axis, fen::markedPixels(ticks, AxisMetrics::tickSpace), data);
+        if (axis.visible()) drawTicks(axis, data);
         FenOglTextBatch const joined(text);
         text.setColor(axis.axis.labelColor.get());
-        (axis.vertical() ? drawColumn : drawRow)(text, axis, ticks, data, chartWidth);
+        (axis.vertical() ? drawColumn : drawRow)(text, axis, data, chartWidth);
         drawTitle(text, axis, data);
     }
 }
 
-void FenVisAxesXY::drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data)
+void FenVisAxesXY::drawTicks(Placed const& axis, FenOglViewport const& data)
 {
     // Whole pixels as areas: how long a line is depends on where it begins. They touch the axis line.
     int const inner = AxisMetrics::tickStart, outer = AxisMetrics::tickEnd;
@@ -126,7 +126,7 @@ void FenVisAxesXY::drawTicks(Placed const& axis, std::vector<int> const& points,
         marks.insert(marks.end(),
                      {place(x, y), place(x + width, y), place(x + width, y + height), place(x, y + height)});
     };
-    for (int p : points) {
+    for (int p : fen::markedPixels(axis.ticks, AxisMetrics::tickSpace)) {
         switch (axis.side) {
         case Bottom:
             add(p, data.y() - outer + 1, 1, outer - inner);
@@ -148,30 +148,29 @@ void FenVisAxesXY::drawTicks(Placed const& axis, std::vector<int> const& points,
 
 /// Labels of the left or right side. Where there is no title the widest one would leave the chart: all of
 /// them move to the axis.
-void FenVisAxesXY::drawColumn(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
-                              FenOglViewport const& data, int chartWidth)
+void FenVisAxesXY::drawColumn(FenOglText& text, Placed const& axis, FenOglViewport const& data,
+                              int chartWidth)
 {
     bool const left = axis.side == Left;
-    int const shift = labelShift(axis.scale, ticks, data.height());
+    int const shift = labelShift(axis.scale, axis.ticks, data.height());
     int const edge = left ? data.x() : data.x() + data.width();
     int widest = 0;
-    for (fen::Tick const& tick : ticks) widest = std::max(widest, text.size(tick.label).width());
+    for (fen::Tick const& tick : axis.ticks) widest = std::max(widest, text.size(tick.label).width());
     int const room = (left ? edge : chartWidth - edge) - widest - AxisMetrics::rim;
     int const away = std::max(std::min(upright(text), room), AxisMetrics::tickEnd + 1);
     text.setAlignment((left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    for (fen::Tick const& tick : ticks)
+    for (fen::Tick const& tick : axis.ticks)
         text.draw(QPoint(left ? edge - away : edge + away, tick.pixel - shift), tick.label);
 }
 
 /// Labels below or above. The first and the last may move a little so that they stay in the chart.
-void FenVisAxesXY::drawRow(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
-                           FenOglViewport const& data, int chartWidth)
+void FenVisAxesXY::drawRow(FenOglText& text, Placed const& axis, FenOglViewport const& data, int chartWidth)
 {
-    int const distance = upright(text), shift = labelShift(axis.scale, ticks, data.width());
+    int const distance = upright(text), shift = labelShift(axis.scale, axis.ticks, data.width());
     int const y = axis.side == Bottom ? data.y() - distance : data.y() + data.height() + distance;
     int taken = 0; // [half px] what the labels so far have taken of the row; halves as widths may be odd
     text.setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-    for (fen::Tick const& tick : ticks) {
+    for (fen::Tick const& tick : axis.ticks) {
         if (tick.label.isEmpty()) continue;
         int const p = tick.pixel - shift, width = text.size(tick.label).width();
         int const half = (width + 1) / 2 + AxisMetrics::rim;

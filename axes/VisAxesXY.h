@@ -63,6 +63,7 @@ private:
         Side side;
         FenChartAxis const& axis;
         FenChartAxisScale const& scale;
+        std::vector<fen::Tick> ticks = {}; ///< along its side of the data rectangle
 
         bool vertical() const { return side == Left || side == Right; }
         bool visible() const; // has a colour
@@ -82,17 +83,15 @@ private:
                                              FenOglText const& text);
 
     // VisAxesXY.draw.cpp
-    static void drawGrid(PlacedAxes const& axes, FenOglViewport const& data, FenOglText const& text);
+    static void drawGrid(PlacedAxes const& axes, FenOglViewport const& data);
     static void drawVertGrid(std::vector<int> const& points, FenOglViewport const& data);
     static void drawHorzGrid(std::vector<int> const& points, FenOglViewport const& data);
     void drawAxes(FenVisChart2D const& chart, PlacedAxes const& axes, FenOglViewport const& data,
                   FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted) const;
     static void drawAxesLabels(FenOglText& text, FenVisChart2D const& chart, PlacedAxes const& axes,
                                FenOglViewport const& data, FenVisOglSelectWeakPtr select, int chartWidth);
-    static void drawTicks(Placed const& axis, std::vector<int> const& points, FenOglViewport const& data);
-    static void drawRow(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
-                        FenOglViewport const& data, int chartWidth);
-    static void drawColumn(FenOglText& text, Placed const& axis, std::vector<fen::Tick> const& ticks,
-                           FenOglViewport const& data, int chartWidth);
+    static void drawTicks(Placed const& axis, FenOglViewport const& data);
+    static void drawRow(FenOglText& text, Placed const& axis, FenOglViewport const& data, int chartWidth);
+    static void drawColumn(FenOglText& text, Placed const& axis, FenOglViewport const& data, int chartWidth);
     static void drawTitle(FenOglText& text, Placed const& axis, FenOglViewport const& data);
 };

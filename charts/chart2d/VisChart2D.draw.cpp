@@ -44,6 +44,7 @@ void FenVisChart2D::drawSelect2d(DrawContext const& context, QPoint const& mouse
 {
     if (!_dataViewport.valid()) return;
     bool const picking = bool(select);
+    fen::FlatScope const whole; // those inside cost less
     if (!picking) drawTitle(context, chart);
     if (chart.view3D.get()) return;
     context.text.clear();
