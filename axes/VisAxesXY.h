@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../framework/Visualization.h"
+#include "../framework/VisPassiveNode.h"
 #include "../picking/select/VisOglSelect.h"
 #include "../services/logging/Export.h"
 #include "../services/opengl/OglViewport.h"
@@ -22,7 +22,7 @@ class FenVisChart2D;
 /// Holds nothing between calls: the chart that owns it hands over pairs, scales
 /// and the rectangle. All lengths are whole pixels relative to the chart's
 /// viewport. Takes part in no pass of its own; the chart calls `Draw`.
-class FENVIS_EXPORT FenVisAxesXY : public FenVisualization {
+class FENVIS_EXPORT FenVisAxesXY : public FenVisPassiveNode {
 public:
     static QString const typeString;
     static constexpr int unlimited = 1 << 20; ///< [px] wider than any chart
@@ -46,15 +46,6 @@ public:
               FenChartAxisPairScale const& yScale, FenOglViewport const& dataViewport,
               FenVisOglSelectWeakPtr select, FenVisHitProperty const& highlighted,
               int chartWidth = FenVisAxesXY::unlimited) const;
-
-    bool getViewport(FenOglViewport const& parent, FenOglViewport& own) const override;
-    void update(DrawContext const& context) override;
-    void resize(DrawContext const& context) override;
-    void draw3d(DrawContext const& context) const override;
-    void draw2d(DrawContext const& context) const override;
-    FenVisHitRecordList select3d(SelectContext const& context) const override;
-    FenVisHitRecordList select2d(SelectContext const& context) const override;
-    Kes::Math::BoundingBox boundingBox() const override;
 
 private:
     enum Side { Bottom, Top, Left, Right };
