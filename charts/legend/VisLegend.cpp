@@ -185,6 +185,13 @@ bool FenVisLegend::placedAutomatically() const { return fen::BoxPlacement(legend
 void FenVisLegend::resize(DrawContext const& context)
 {
     _layoutArea = QSize();
+    auto const items = [](Variable const& entry) { return entry.items(); };
+    if (_chart && std::any_of(_entries.begin(), _entries.end(), items)) {
+        // The axes that there was no room for may have some now.
+        _entries.clear();
+        _unlisted = 0;
+        _collected = false;
+    }
     layOut(context.text, context.viewport.size());
 }
 

@@ -37,6 +37,8 @@ constexpr int rampGap = 4; // [px] between ramp, tick and value
 constexpr int widestLabel = 240; // [px] longer ones are cut
 /// [px] between an automatically placed legend and the edge of the data rectangle.
 constexpr int automaticMargin = 8;
+/// Part of the data rectangle that a legend of items with their axes may take.
+constexpr double mostOfItems = 0.12;
 constexpr int boxAlpha = 225; ///< the chart shines through a little
 
 /// Colours of the box, so that a text in `text` can be read on it.
@@ -243,6 +245,12 @@ void FenVisLegend::layOut(FenOglText& text, QSize const& area) const
     };
     if (found->sample != Sample::Bins) {
         _layout = sizeLegend(text, area, found->ramps);
+        double const taken = double(_layout.box.width()) * _layout.box.height();
+        if (found->sample == Sample::Items && taken > mostOfItems * area.width() * area.height()) {
+            // The ranges of a spider's axes are told by tooltips too.
+            std::erase_if(_entries, [](Variable const& entry) { return !entry.items(); });
+            _layout = sizeLegend(text, area, found->ramps);
+        }
         place();
         return;
     }
