@@ -103,6 +103,8 @@ void FenVisChart::drawTitle(DrawContext const& context, FenChart const& chart)
     text.clear();
 }
 
+void FenVisChart::highlight(FenVisHitProperty const&) { }
+
 FenVisHitRecordList FenVisChart::pick(SelectContext const& context, unsigned hits, FenProperties const& item,
                                       boost::weak_ptr<IFenVisEventHandler> const& handler,
                                       std::function<void(FenVisOglSelectWeakPtr select)> const& draw) const

@@ -70,6 +70,9 @@ public:
     /// Where ink lies in the data rectangle: [px] from its lower left corner, about `limit` places at most,
     /// spread evenly; empty before the first resize.
     virtual std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const;
+    /// Draws a part of the chart as if the pointer rested on it, until the pointer comes to the chart or it
+    /// is updated; undefined: none.
+    virtual void highlight(FenVisHitProperty const& part);
 
 protected:
     /// Rectangle [px, relative to the node] inside the rim and below the title band.

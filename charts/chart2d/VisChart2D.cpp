@@ -115,6 +115,8 @@ void FenVisChart2D::draw2d(DrawContext const& context) const
     drawSelect2d(context, QPoint(0, 0), FenVisOglSelectWeakPtr());
 }
 
+void FenVisChart2D::highlight(FenVisHitProperty const& part) { _handler->setHovered(part); }
+
 void FenVisChart2D::draw3d(DrawContext const& context) const
 {
     drawSelect3d(context, QPoint(0, 0), FenVisOglSelectWeakPtr());

@@ -72,6 +72,7 @@ public:
     FenChartAxisPairScale const& yScale() const { return _yScale; }
     /// Curves, areas and bars every few pixels, symbols at their centres.
     std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const override;
+    void highlight(FenVisHitProperty const& part) override;
 
 private:
     struct Pass; // one pass of drawing or picking

@@ -79,6 +79,8 @@ std::vector<QPoint> FenVisChartPCP::drawnPixels(std::size_t limit) const
     return places;
 }
 
+void FenVisChartPCP::highlight(FenVisHitProperty const& part) { _handler->setHovered(part); }
+
 void FenVisChartPCP::draw3d(DrawContext const&) const { }
 
 FenVisHitRecordList FenVisChartPCP::select3d(SelectContext const&) const { return FenVisHitRecordList(); }

@@ -61,6 +61,7 @@ public:
     FenChart* content() override { return &chart; }
     FenChartVariableList* variables() override { return &chart.variables; }
     std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const override;
+    void highlight(FenVisHitProperty const& part) override;
     /// Which records the filters in the properties let through; one flag per record.
     std::vector<bool> const& GetDataValid() const { return _dataValid; }
     /// Number of records: the size of the longest column.

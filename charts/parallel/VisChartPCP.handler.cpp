@@ -10,8 +10,6 @@
 #include "services/math/Vector3.h"
 #include "services/properties/Quantity.h"
 
-#include <typeinfo>
-
 namespace {
 
 // Logged texts, kept as they are.
@@ -19,8 +17,6 @@ constexpr char const* sizesText =
     "numAxes == minLabels.size() && numAxes == maxLabels.size() && filterMinMax.size() == numAxes";
 constexpr char const* noIndexText =
     "WARNING: false && \"The index of the highlighted item cannot be found!\"";
-
-typedef FenVisHitProperty::IQualifier Qualifier;
 
 template <class T>
 T const* as(FenVisHitProperty const& hit)
@@ -39,20 +35,8 @@ FenChartVariable const* filteredVariable(FenVisHitProperty const& hit)
 } // namespace
 
 FenVisChartPCP::HitDetectEventHandler::HitDetectEventHandler(FenVisChartPCP& chart)
-    : FenVisHoverHandler(chart)
+    : fen::ItemHoverHandler(chart)
 {
-}
-
-bool FenVisChartPCP::HitDetectEventHandler::isSame(FenVisHitProperty const& a,
-                                                   FenVisHitProperty const& b) const
-{
-    if (!a.isPropertyEqual(b)) return false;
-    Qualifier const* const pa = a.qualifier.get();
-    Qualifier const* const pb = b.qualifier.get();
-    if (!pa || !pb) return pa == pb;
-    auto const *recordA = as<FenVisHitDataPointQualifier>(a), *recordB = as<FenVisHitDataPointQualifier>(b);
-    if (recordA && recordB) return recordA->dataPointIdx == recordB->dataPointIdx;
-    return typeid(*pa) == typeid(*pb);
 }
 
 bool FenVisChartPCP::HitDetectEventHandler::describe(FenVisHitProperty const& hit, FenStringBuilder const&,

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "charts/multiaxis/ItemHoverHandler.h"
 #include "charts/parallel/VisChartPCP.h"
-#include "picking/select/VisHoverHandler.h"
 
 /// Hover and drag of parallel coordinates: tooltips of axes, sliders and records; a slider follows the
 /// pointer, and its release writes the limit.
-class FenVisChartPCP::HitDetectEventHandler : public FenVisHoverHandler {
+class FenVisChartPCP::HitDetectEventHandler : public fen::ItemHoverHandler {
 public:
     explicit HitDetectEventHandler(FenVisChartPCP& chart);
 
@@ -13,8 +13,6 @@ public:
     bool OnMouseRelease(FenVisHitRecord const& hit) override;
 
 protected:
-    /// Axis, lower and upper slider of a variable are different things, and so are two records.
-    bool isSame(FenVisHitProperty const& a, FenVisHitProperty const& b) const override;
     bool describe(FenVisHitProperty const& hit, FenStringBuilder const& builder, QString& tooltip) override;
 
 private:

@@ -60,10 +60,12 @@ void dropOverlapping(SpiderLayout& layout, std::vector<int> const& names, int li
         QRect const own = textRectangle(label, QSize(std::min(names[i], label.room), lineHeight));
         bool const free = std::none_of(taken.begin(), taken.end(),
                                        [&](QRect const& other) { return other.intersects(own); });
-        if (free && label.room > 0)
+        if (free && label.room > 0) {
+            label.shown = own;
             taken.push_back(own);
-        else
+        } else {
             label.room = 0;
+        }
     }
 }
 

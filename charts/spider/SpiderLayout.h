@@ -16,6 +16,7 @@ struct SpiderLabel {
     QPoint anchor; ///< [px]
     Qt::Alignment alignment; ///< side of the anchor on which the text lies
     int room = 0; ///< [px] longest text; 0: there is no room for it
+    QRect shown; ///< [px] of the text as it is drawn, y up; null: it is not
 };
 
 /// Where the axes of a spider and their names lie [px], relative to the node.

@@ -16,6 +16,7 @@
 
 namespace {
 
+constexpr int inkStep = 2; // [px] between samples of a name
 constexpr int pad = 4; // [px] around the circle, for lines that run along its edge
 
 } // namespace
@@ -137,9 +138,17 @@ void FenVisChartSpider::draw2d(DrawContext const& context) const
 std::vector<QPoint> FenVisChartSpider::drawnPixels(std::size_t limit) const
 {
     std::vector<QPoint> places = _picture ? _picture->ink(limit) : std::vector<QPoint>();
+    // Names are small, but must not be hidden.
+    for (std::size_t i = 0; _layout && i < _layout->labels.size(); ++i) {
+        QRect const& name = _layout->labels[i].shown;
+        for (int x = name.left(); x <= name.right(); x += inkStep)
+            for (int y = name.top(); y <= name.bottom(); y += inkStep) places.emplace_back(x, y);
+    }
     for (QPoint& place : places) place -= getDataViewport().origin();
     return places;
 }
+
+void FenVisChartSpider::highlight(FenVisHitProperty const& part) { _handler->setHovered(part); }
 
 void FenVisChartSpider::draw3d(DrawContext const&) const { }
 

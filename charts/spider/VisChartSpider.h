@@ -55,6 +55,7 @@ public:
     FenChart* content() override { return &chart; }
     FenChartVariableList* variables() override { return &chart.variables; }
     std::vector<QPoint> drawnPixels(std::size_t limit = 4000) const override;
+    void highlight(FenVisHitProperty const& part) override;
     /// Which items have a value on every axis' column; one flag per item.
     std::vector<bool> const& GetDataValid() const { return _dataValid; }
     /// Number of items: the size of the longest column.

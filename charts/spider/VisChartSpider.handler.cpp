@@ -4,15 +4,8 @@
 #include "charts/multiaxis/ItemPass.h"
 
 FenVisChartSpider::HitDetectEventHandler::HitDetectEventHandler(FenVisChartSpider& chart)
-    : FenVisHoverHandler(chart)
+    : fen::ItemHoverHandler(chart)
 {
-}
-
-bool FenVisChartSpider::HitDetectEventHandler::isSame(FenVisHitProperty const& a,
-                                                      FenVisHitProperty const& b) const
-{
-    FenChartMultiAxis const& chart = nodeAs<FenVisChartSpider>()->chart;
-    return a.isPropertyEqual(b) && fen::hitItem(a, chart) == fen::hitItem(b, chart);
 }
 
 bool FenVisChartSpider::HitDetectEventHandler::describe(FenVisHitProperty const& hit, FenStringBuilder const&,

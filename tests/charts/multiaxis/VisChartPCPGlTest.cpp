@@ -92,6 +92,7 @@ TEST_F(VisChartPCPGlTest, TooltipsTellAxisLimitAndRecord)
     EXPECT_EQ("a(x1000): 0.01", hover(place(0, 1) + QPoint(0, 8)));
     EXPECT_EQ("four\na: 0.005\nb: 90",
               hover(QPoint((place(0, 0).x() + place(1, 0).x()) / 2, place(0, 0.7).y())));
+    EXPECT_EQ("", hover(QPoint((place(0, 0).x() + place(1, 0).x()) / 2, place(0, 0.1).y()))) << "no record";
 }
 
 TEST_F(VisChartPCPGlTest, ASliderShowsItsEffectAtOnceAndIsOneStepOfUndo)
