@@ -2,6 +2,7 @@
 
 #include "host/edit/UndoPropertyEdit.h"
 #include "host/input/ChartPlace.h"
+#include "host/link/LinkedSelection.h"
 #include "host/scene/Scene.h"
 
 #include "charts/VisChart.h"
@@ -112,7 +113,7 @@ bool FenMouseTracker::State::enter(Hit next)
     }
     hovered = next;
     setTooltip(text);
-    return redraw;
+    return scene.links().hover(hovered.property, hovered.source.get()) || redraw;
 }
 
 bool FenMouseTracker::State::forgetHovered()
@@ -128,7 +129,7 @@ bool FenMouseTracker::State::unhover()
 {
     bool const redraw = forgetHovered();
     setTooltip(QString());
-    return redraw;
+    return scene.links().hover(FenVisHitProperty(), nullptr) || redraw;
 }
 
 void FenMouseTracker::State::setTooltip(QString const& text)

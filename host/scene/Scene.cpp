@@ -54,6 +54,7 @@ FenVisScene::FenVisScene()
     , background(_parts->root, QStringLiteral("background"), Qt::white, QString())
     , perspective(_parts->root, QStringLiteral("perspective"), false, QString())
 {
+    _parts->links = std::make_unique<FenLinkedSelection>(*this);
 }
 
 FenVisScene::~FenVisScene()
@@ -104,6 +105,7 @@ void FenVisScene::resize(QSize pixels, double devicePixelRatio)
 
 FenTableRows& FenVisScene::tableRows() { return _parts->tableRows; }
 FenTableRows const& FenVisScene::tableRows() const { return _parts->tableRows; }
+FenLinkedSelection& FenVisScene::links() { return *_parts->links; }
 
 void FenVisScene::addObserver(IFenSceneObserver& observer) { _parts->observers.push_back(&observer); }
 void FenVisScene::removeObserver(IFenSceneObserver& observer) { std::erase(_parts->observers, &observer); }

@@ -20,6 +20,7 @@ class FenOglCache;
 class FenOglGeometry;
 class FenOglText;
 class FenResource;
+class FenLinkedSelection;
 class FenTableRows;
 class FenUndoPropertyEdit;
 class FenVisLightList;
@@ -127,6 +128,8 @@ public:
     /// Which rows of tables the points of variables are.
     FenTableRows& tableRows();
     FenTableRows const& tableRows() const;
+    /// What charts of one table share.
+    FenLinkedSelection& links();
 
     FenOglCache& cache();
     FenOglText& text();

@@ -3,6 +3,7 @@
 #include "framework/DrawContext.h"
 #include "framework/IVisPropertyEdit.h"
 #include "host/edit/UndoPropertyEdit.h"
+#include "host/link/LinkedSelection.h"
 #include "host/scene/Scene.h"
 #include "host/scene/SceneObserver.h"
 #include "host/table/TableRows.h"
@@ -60,6 +61,7 @@ struct FenVisScene::Parts {
     bool recordedWithoutContext = false;
     std::vector<IFenSceneObserver*> observers;
     FenTableRows tableRows;
+    std::unique_ptr<FenLinkedSelection> links; // never null once the scene is made
 
     /// Context of an update, resize or draw pass over the whole picture.
     FenVisualization::DrawContext drawContext(boost::shared_ptr<IFenVisPropertyEdit> const& edit,

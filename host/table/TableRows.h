@@ -38,10 +38,12 @@ public:
     typedef std::shared_ptr<std::vector<std::uint32_t> const> Numbers;
 
     /// @param owner    of the points: a variable, or the chart data object whose items are rows
-    /// @param numbers  row of each point; null: point i is row i
+    /// @param numbers  row of each point, ascending; null: point i is row i
     void set(FenProperties const& owner, std::shared_ptr<FenTableId const> table, Numbers numbers);
     /// The row of a point; empty for a variable that was made of no table, and for a point that it has not.
     std::optional<FenTableRow> row(FenProperties const* variable, std::size_t point) const;
+    /// The point of an owner that shows a row; empty when it shows another table or not that row.
+    std::optional<std::size_t> point(FenProperties const& owner, FenTableRow const& row) const;
     /// The row of what a pick has hit; empty for anything but a data point of a table.
     std::optional<FenTableRow> row(FenVisHitProperty const& hit) const;
 
