@@ -1,18 +1,24 @@
 // Complete charts (axes, labels, title) drawn headless at 1280x800, each
-// measurement one line of JSON. Usage: scenarios_bench S1|S1_10M|S2|S5|S7
+// measurement one line of JSON. Usage: scenarios_bench S1|S1_10M|S2|S3|S3_100k|S5|S7|S8
 //
 //   S1, S1_10M  line of 1 or 10 million points: first picture, repaint, resize,
 //               1 % visible and moved, 1,000 points appended
 //   S2          100,000 symbols of 6 px
+//   S3, S3_100k parallel coordinates, 10 axes, 10,000 or 100,000 records: first
+//               picture, repaint, a step of a slider, hover
 //   S5          picks in S1
 //   S7          100 charts of 1,000 points in one picture
+//   S8          spider, 12 axes, 1,000 items
 //
 // Every picture ends as pixels in memory. The data is in memory before.
 
 #include "bench/Measure.h"
 
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/parallel/VisChartPCP.h"
+#include "charts/spider/VisChartSpider.h"
 #include "host/headless/OffscreenContext.h"
+#include "host/input/MouseTracker.h"
 #include "host/scene/Scene.h"
 #include "services/chartdata/ChartColumn.h"
 
@@ -254,6 +260,92 @@ void many()
                   hits);
 }
 
+std::vector<bench::Column> uniformColumns(size_t axes, size_t items)
+{
+    std::vector<bench::Column> columns;
+    unsigned state = 12345;
+    for (size_t k = 0; k < axes; ++k) {
+        std::vector<double> values(items);
+        for (double& value : values) value = double(state = state * 1664525u + 1013904223u) / 4294967296.0;
+        columns.push_back(std::make_shared<std::vector<double> const>(std::move(values)));
+    }
+    return columns;
+}
+
+/// A chart with an axis per column, all filters on.
+template <class Node>
+Node& addItems(FenVisScene& scene, std::vector<bench::Column> const& columns)
+{
+    Node& node = scene.add<Node>("chart");
+    node.chart.title.set("Records");
+    node.chart.itemColors.set({QColor(Qt::blue)});
+    for (bench::Column const& column : columns) {
+        FenChartVariable& variable = node.chart.variables.append("axis");
+        variable.setColumn(Vector3::CompY, FenChartColumn::share(column));
+        variable.filter.set(true);
+    }
+    return node;
+}
+
+/// Hovers all over the picture.
+void hover(Stage& stage, char const* scenario)
+{
+    long hits = 0;
+    int at = 0;
+    constexpr int picksPerRun = 20;
+    bench::report(scenario, "noaa", "hover",
+                  bench::measure(
+                      [&] {
+                          for (int i = 0; i < picksPerRun; ++i) {
+                              at = (at + 7919 * 31) % (width * height);
+                              hits += long(
+                                  stage.scene().select(QPoint(at % width, at / width), QSize(6, 6)).size());
+                          }
+                      },
+                      picksPerRun),
+                  hits);
+}
+
+void parallel(char const* scenario, size_t records)
+{
+    std::vector<bench::Column> const columns = uniformColumns(10, records);
+    Stage stage;
+    auto const first = bench::measure([&] {
+        stage.clear();
+        addItems<FenVisChartPCP>(stage.scene(), columns);
+        stage.draw();
+    });
+    bench::report(scenario, "noaa", "a_first", first, stage.ink());
+    bench::report(scenario, "noaa", "b_replot", bench::measure([&] { stage.repaint(); }), stage.ink());
+    hover(stage, scenario);
+    FenOglViewport const plot =
+        dynamic_cast<FenVisualization const*>(stage.scene().root().at(0U))->getDataViewport();
+    FenMouseTracker tracker(stage.scene());
+    QPoint at(plot.x() + plot.width() / 9 * 4, plot.y() + 2);
+    tracker.press(at, Qt::LeftButton);
+    constexpr int stepLength = 4; // [px]
+    bench::report(scenario, "noaa", "drag_step", bench::measure([&] {
+                      at += QPoint(0, stepLength);
+                      tracker.move(at);
+                      stage.repaint();
+                  }),
+                  stage.ink());
+}
+
+void spider()
+{
+    std::vector<bench::Column> const columns = uniformColumns(12, 1000);
+    Stage stage;
+    auto const first = bench::measure([&] {
+        stage.clear();
+        addItems<FenVisChartSpider>(stage.scene(), columns);
+        stage.draw();
+    });
+    bench::report("S8", "noaa", "a_first", first, stage.ink());
+    bench::report("S8", "noaa", "b_replot", bench::measure([&] { stage.repaint(); }), stage.ink());
+    hover(stage, "S8");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -264,12 +356,16 @@ int main(int argc, char** argv)
         line(scenario);
     } else if (scenario == "S2") {
         symbols();
+    } else if (scenario == "S3" || scenario == "S3_100k") {
+        parallel(scenario.c_str(), scenario == "S3" ? 10000 : 100000);
+    } else if (scenario == "S8") {
+        spider();
     } else if (scenario == "S5") {
         picks();
     } else if (scenario == "S7") {
         many();
     } else {
-        std::fprintf(stderr, "usage: scenarios_bench S1|S1_10M|S2|S5|S7\n");
+        std::fprintf(stderr, "usage: scenarios_bench S1|S1_10M|S2|S3|S3_100k|S5|S7|S8\n");
         return 2;
     }
     return 0;
