@@ -106,6 +106,23 @@ std::vector<gallery::Scene> makeScenes()
                     words("data/samples/seattle-weather.csv --kind pie --label weather")),
         fromCommand("penguin-rings", "Species of penguins on Torgersen, Biscoe and Dream, from the inside",
                     words("data/samples/penguins.csv --kind pie --label species --ring island --theme dark")),
+        fromCommand("penguins-parallel", "What tells penguins apart",
+                    words("data/samples/penguins.csv --kind parallel --color-by species "
+                          "--y species,island,bill_length_mm,bill_depth_mm,flipper_length_mm,body_mass_g")),
+        fromCommand("weather-parallel", "The warm days of Seattle",
+                    words("data/samples/seattle-weather.csv --kind parallel --theme dark "
+                          "--y date,weather,precipitation,wind,temp_min,temp_max --color-by temp_max "
+                          "--filter temp_max=22..36")),
+        fromCommand("penguins-spider", "Penguins of three kinds, on average",
+                    words("data/samples/penguins.csv --kind spider --group species "
+                          "--y bill_length_mm,bill_depth_mm,flipper_length_mm,body_mass_g")),
+        fromCommand("weather-spider", "Weather in Seattle by its kind, on average",
+                    words("data/samples/seattle-weather.csv --kind spider --group weather --fill none "
+                          "--y precipitation,temp_max,temp_min,wind")),
+        {QStringLiteral("dashboard"),
+         QStringLiteral("Four charts of one table"),
+         {},
+         gallery::buildDashboard},
     };
 }
 

@@ -35,5 +35,6 @@ void buildWeatherKinds(FenVisScene& scene);
 void buildStackedSources(FenVisScene& scene);
 void buildBarsAndLine(FenVisScene& scene);
 void buildWeatherMatrix(FenVisScene& scene);
+void buildDashboard(FenVisScene& scene);
 
 } // namespace gallery
