@@ -1,5 +1,7 @@
 #include "services/chartdata/VariableIter.h"
 
+#include "services/chartdata/FloatRange.h"
+
 #include <cmath>
 
 using Kes::Math::Vector3;
@@ -18,7 +20,8 @@ bool VariableIter::MoveNext()
 
 Vector3 VariableIter::Current() const
 {
-    return Vector3(float(value(Vector3::CompX)), float(value(Vector3::CompY)), float(value(Vector3::CompZ)));
+    return Vector3(fen::toFloat(value(Vector3::CompX)), fen::toFloat(value(Vector3::CompY)),
+                   fen::toFloat(value(Vector3::CompZ)));
 }
 
 bool VariableIter::IsUndefined(Vector3::Comp component) const { return !std::isfinite(value(component)); }

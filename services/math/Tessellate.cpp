@@ -15,19 +15,16 @@ namespace {
 
 using Math::Vector3;
 
-typedef std::uint32_t Index;
-typedef std::array<Index, 3> Triangle;
+typedef Tessellate::Index Index;
+typedef Tessellate::Triangle Triangle;
 
 constexpr int gridBits = 26;
 constexpr double mostElongated = 1000.0;
-constexpr Index none = 0xFFFFFFFF;
+constexpr Index none = Tessellate::none;
 
-bool known(IVariableIter const& points, Vector3 const& p)
+bool known(IVariableIter const& points, Vector3 const& p, Vector3::Comp comp)
 {
-    for (Vector3::Comp const comp : {Vector3::CompX, Vector3::CompY, Vector3::CompZ}) {
-        if (points.IsUndefined(comp) || !std::isfinite(p[comp])) return false;
-    }
-    return true;
+    return !points.IsUndefined(comp) && std::isfinite(p[comp]);
 }
 
 bool outside(Math::BoundingBox const& box, Vector3 const& p)
@@ -36,16 +33,22 @@ bool outside(Math::BoundingBox const& box, Vector3 const& p)
     return p.x() < box.min().x() || p.x() > box.max().x() || p.y() < box.min().y() || p.y() > box.max().y();
 }
 
+// The points whose place in x and y is known, those with z unknown too: with a NaN there.
 std::vector<Vector3> collect(IVariableIter& points, Math::BoundingBox const& box)
 {
     std::vector<Vector3> found;
     points.Reset();
     while (points.MoveNext()) {
-        Vector3 const p = points.Current();
-        if (known(points, p) && !outside(box, p)) found.push_back(p);
+        Vector3 p = points.Current();
+        if (!known(points, p, Vector3::CompX) || !known(points, p, Vector3::CompY) || outside(box, p))
+            continue;
+        if (!known(points, p, Vector3::CompZ)) p.z() = std::nanf("");
+        found.push_back(p);
     }
     return found;
 }
+
+bool isHole(Vector3 const& p) { return std::isnan(p.z()); }
 
 std::vector<float> distinct(std::vector<Vector3> const& points, Vector3::Comp comp)
 {
@@ -61,13 +64,50 @@ size_t placeOf(float value, std::vector<float> const& sorted)
     return size_t(std::lower_bound(sorted.begin(), sorted.end(), value) - sorted.begin());
 }
 
-// The points as rows and columns, or empty when they do not fill such a grid.
+// The points as rows and columns, or no columns when they do not fill such a grid.
 struct Grid {
     size_t columns = 0;
     size_t rows = 0;
-    std::vector<Index> at; // row by row, from the lowest y
+    std::vector<Index> at; // row by row, from the lowest y; holes too
 
     explicit Grid(std::vector<Vector3> const& points)
+    {
+        if (!readInOrder(points)) sortIntoPlaces(points);
+    }
+
+    std::vector<Index> outline() const
+    {
+        std::vector<Index> around;
+        auto const add = [&](size_t column, size_t row) { around.push_back(at[row * columns + column]); };
+        for (size_t i = 0; i + 1 < columns; ++i) add(i, 0);
+        for (size_t i = 0; i + 1 < rows; ++i) add(columns - 1, i);
+        for (size_t i = columns - 1; i > 0; --i) add(i, rows - 1);
+        for (size_t i = rows - 1; i > 0; --i) add(0, i);
+        return around;
+    }
+
+private:
+    // One walk for points that come row by row from the lowest x and y, as most grids are stored.
+    bool readInOrder(std::vector<Vector3> const& points)
+    {
+        size_t length = 0;
+        while (length < points.size() && points[length].y() == points[0].y()) ++length;
+        if (length < 2 || length == points.size() || points.size() % length != 0) return false;
+        for (size_t i = 0; i < points.size(); ++i) {
+            size_t const column = i % length, first = i - column;
+            if (column == 0 ? i > 0 && !(points[i].y() > points[i - 1].y())
+                            : points[i].y() != points[first].y() || !(points[i].x() > points[i - 1].x()))
+                return false;
+            if (points[i].x() != points[column].x()) return false;
+        }
+        columns = length;
+        rows = points.size() / length;
+        at.resize(points.size());
+        std::iota(at.begin(), at.end(), Index(0));
+        return true;
+    }
+
+    void sortIntoPlaces(std::vector<Vector3> const& points)
     {
         std::vector<float> const xs = distinct(points, Vector3::CompX);
         std::vector<float> const ys = distinct(points, Vector3::CompY);
@@ -84,38 +124,6 @@ struct Grid {
         columns = xs.size();
         rows = ys.size();
         at = std::move(places);
-    }
-
-    Index index(size_t column, size_t row) const { return at[row * columns + column]; }
-
-    std::vector<Triangle> triangles(std::vector<Vector3> const& points) const
-    {
-        std::vector<Triangle> found;
-        found.reserve((columns - 1) * (rows - 1) * 2);
-        for (size_t row = 0; row + 1 < rows; ++row) {
-            for (size_t column = 0; column + 1 < columns; ++column) {
-                Index const a = index(column, row);
-                Index const b = index(column + 1, row);
-                Index const c = index(column + 1, row + 1);
-                Index const d = index(column, row + 1);
-                float const rise = std::fabs(points[a].z() - points[c].z());
-                bool const alongAC = rise <= std::fabs(points[b].z() - points[d].z());
-                found.push_back(alongAC ? Triangle{a, b, c} : Triangle{a, b, d});
-                found.push_back(alongAC ? Triangle{a, c, d} : Triangle{b, c, d});
-            }
-        }
-        return found;
-    }
-
-    std::vector<Index> outline() const
-    {
-        std::vector<Index> around;
-        for (size_t i = 0; i + 1 < columns; ++i) around.push_back(index(i, 0));
-        for (size_t i = 0; i + 1 < rows; ++i) around.push_back(index(columns - 1, i));
-        for (size_t i = columns - 1; i > 0; --i) around.push_back(index(i, rows - 1));
-        for (size_t i = rows - 1; i > 0; --i) around.push_back(index(0, i));
-        around.push_back(around.front());
-        return around;
     }
 };
 
@@ -178,10 +186,16 @@ Tessellate::Tessellate(IVariableIter& points, Math::BoundingBox const& box)
     : _points(collect(points, box))
 {
     std::vector<Index> outline;
-    if (Grid const grid(_points); !grid.at.empty()) {
-        _triangles = grid.triangles(_points);
+    if (Grid grid(_points); grid.columns > 0) {
         outline = grid.outline();
-    } else if (!_points.empty()) {
+        _grid = std::move(grid.at);
+        _columns = grid.columns;
+        sortOutHoles();
+        outline.erase(
+            std::remove_if(outline.begin(), outline.end(), [&](Index i) { return isHole(_points[i]); }),
+            outline.end());
+        if (!outline.empty()) outline.push_back(outline.front());
+    } else if (sortOutHoles(); !_points.empty()) {
         Distinct const distinctPoints(_points);
         Triangulation found = delaunay(distinctPoints.places);
         _triangles = std::move(found.triangles);
@@ -195,20 +209,71 @@ Tessellate::Tessellate(IVariableIter& points, Math::BoundingBox const& box)
     for (Index const i : outline) _boundary.push_back(_points[i]);
 }
 
+// Grids keep the points of holes, so that places stay what they are, but point at none.
+void Tessellate::sortOutHoles()
+{
+    if (_grid.empty()) _points.erase(std::remove_if(_points.begin(), _points.end(), isHole), _points.end());
+    for (Index& i : _grid)
+        if (isHole(_points[i])) i = none;
+}
+
+unsigned Tessellate::cell(std::size_t column, std::size_t row, Triangle triangles[2]) const
+{
+    Index const a = at(column, row), b = at(column + 1, row);
+    Index const c = at(column + 1, row + 1), d = at(column, row + 1);
+    Index const corners[4] = {a, b, c, d};
+    auto const holes = std::count(corners, corners + 4, none);
+    if (holes > 1) return 0;
+    if (holes == 1) {
+        int const hole = int(std::find(corners, corners + 4, none) - corners);
+        triangles[0] = {corners[(hole + 1) % 4], corners[(hole + 2) % 4], corners[(hole + 3) % 4]};
+        return 1;
+    }
+    float const rise = std::fabs(_points[a].z() - _points[c].z());
+    bool const alongAC = rise <= std::fabs(_points[b].z() - _points[d].z());
+    triangles[0] = alongAC ? Triangle{a, b, c} : Triangle{a, b, d};
+    triangles[1] = alongAC ? Triangle{a, c, d} : Triangle{b, c, d};
+    return 2;
+}
+
+void Tessellate::Reset()
+{
+    _next = 0;
+    _left = 0;
+    _any = false;
+}
+
 bool Tessellate::MoveNext()
 {
-    if (_next > _triangles.size()) return false;
-    ++_next;
-    return _next <= _triangles.size();
+    if (_left > 0) {
+        --_left;
+        _current[0] = _current[1];
+        return true;
+    }
+    _any = false;
+    if (_columns == 0) {
+        if (_next >= _triangles.size()) return false;
+        _current[0] = _triangles[_next++];
+        return _any = true;
+    }
+    std::size_t const across = _columns - 1, cells = across * (rows() - 1);
+    while (_next < cells) {
+        unsigned const found = cell(_next % across, _next / across, _current);
+        ++_next;
+        if (found == 0) continue;
+        _left = found - 1;
+        return _any = true;
+    }
+    return false;
 }
 
 void Tessellate::Current(Vector3& a, Vector3& b, Vector3& c) const
 {
-    if (_next == 0 || _next > _triangles.size()) {
+    if (!_any) {
         a = b = c = Vector3();
         return;
     }
-    Triangle const& t = _triangles[_next - 1];
+    Triangle const& t = _current[0];
     a = _points[t[0]];
     b = _points[t[1]];
     c = _points[t[2]];
