@@ -56,7 +56,7 @@ FenChart* FenVisChart::content() { return nullptr; }
 
 FenChartVariableList* FenVisChart::variables() { return nullptr; }
 
-FenChartAxisPair* FenVisChart::axes(Kes::Math::Vector3::Comp) { return nullptr; }
+FenChartAxisPair* FenVisChart::axisPair(Kes::Math::Vector3::Comp) { return nullptr; }
 
 FenChartAxisPairScale const* FenVisChart::flatScales(Kes::Math::Vector3::Comp) const { return nullptr; }
 

@@ -59,7 +59,7 @@ public:
     /// All variables of the content.
     virtual FenChartVariableList* variables();
     /// The axes of one direction.
-    virtual FenChartAxisPair* axes(Kes::Math::Vector3::Comp direction);
+    virtual FenChartAxisPair* axisPair(Kes::Math::Vector3::Comp direction);
     /// Their scales, while they lie along the edges of the flat data rectangle: X below and above it, Y
     /// left and right. Null too while the chart shows a view in depth.
     virtual FenChartAxisPairScale const* flatScales(Kes::Math::Vector3::Comp direction) const;

@@ -67,7 +67,7 @@ FenChart* FenVisChart2D::content() { return &chart; }
 
 FenChartVariableList* FenVisChart2D::variables() { return &chart.variables; }
 
-FenChartAxisPair* FenVisChart2D::axes(Vector3::Comp direction)
+FenChartAxisPair* FenVisChart2D::axisPair(Vector3::Comp direction)
 {
     switch (direction) {
     case Vector3::CompX:

@@ -58,7 +58,7 @@ public:
     FenChartValidVariableList validVariables() const override;
     FenChart* content() override;
     FenChartVariableList* variables() override;
-    FenChartAxisPair* axes(Kes::Math::Vector3::Comp direction) override;
+    FenChartAxisPair* axisPair(Kes::Math::Vector3::Comp direction) override;
     FenChartAxisPairScale const* flatScales(Kes::Math::Vector3::Comp direction) const override;
     bool colorRange(FenChartVariable const& variable, Kes::Math::Vector2& range) const override;
     Kes::Math::Vector3 offset() const;

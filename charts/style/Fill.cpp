@@ -5,6 +5,8 @@
 #include "services/opengl/OglCache.h"
 #include "services/opengl/OglTexture.h"
 
+#include <algorithm>
+
 namespace fen {
 
 void drawFill(FillStyle const& style, FenOglCache& cache, std::function<void(bool textured)> const& area)
@@ -38,6 +40,21 @@ void useRamp(QList<QColor> const& ramp, FenOglCache& cache)
 {
     constexpr unsigned steps = 256; // in which none can be seen
     cache.gradient(ramp, steps, false).set();
+}
+
+bool isTranslucent(FillStyle const& style)
+{
+    auto const lucid = [](QColor const& color) { return color.alpha() < 255; };
+    switch (style.mode) {
+    case FillStyle::None:
+    case FillStyle::Sparse: // its pixels are set or not
+        return false;
+    case FillStyle::Solid:
+        return lucid(style.color);
+    case FillStyle::Gradient:
+        return std::any_of(style.ramp.begin(), style.ramp.end(), lucid);
+    }
+    return false;
 }
 
 void drawRamp(QList<QColor> const& ramp, FenOglCache& cache, std::function<void()> const& geometry)
