@@ -2,6 +2,7 @@
 
 #include "axes/VisColorMap.h"
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/chart3d/VisChart3D.h"
 #include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/VisLegend.h"
 #include "charts/parallel/VisChartPCP.h"
@@ -47,6 +48,7 @@ std::vector<Row> const& rows()
         row<FenVisLegend>(),
         row<FenVisPlane>(),
         row<FenVisChart2D>(),
+        row<FenVisChart3D>(),
         row<FenVisChartSpider>(),
         row<FenVisChartPCP>(),
         row<FenVisChartCorrelation>(),
