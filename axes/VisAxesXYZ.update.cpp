@@ -75,7 +75,7 @@ void FenVisAxesXYZ::Update(FenVisChart2D const& chart, FenChartVariableListCache
         _discreteLabels[0] = categoryLabels(x, variables, Vector3::CompX);
         _discreteLabels[1] = categoryLabels(y, variables, Vector3::CompY);
         _units = {unitOf(x, first, Vector3::CompX), unitOf(y, first, Vector3::CompY), QString()};
-        for (unsigned i = 0; i < variables.size(); ++i)
+        for (unsigned i = variables.size(); i-- > 0;) // the first stands in front
             _discreteLabels[2] << variables.cache(i).variable().shownName();
     }
     _bounds = chart.boundingBox();

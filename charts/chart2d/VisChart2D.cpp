@@ -16,6 +16,7 @@ FenVisChart2D::FenVisChart2D(FenModifiedGroup& group)
     : FenVisChart(group)
     , chart(group)
     , _axes(group)
+    , _axes3d(group)
     , _scaling(Kes::Math::Vector1)
     , _handler(boost::make_shared<HitDetectEventHandler>(*this))
 {
@@ -32,6 +33,7 @@ FenVisChart2D::FenVisChart2D(FenVisChart2D const& other)
     : FenVisChart(other)
     , chart(other.chart)
     , _axes(other._axes)
+    , _axes3d(other._axes3d)
     , _dataViewport(other._dataViewport)
     , _bounds(other._bounds)
     , _scaling(other._scaling)
@@ -39,6 +41,9 @@ FenVisChart2D::FenVisChart2D(FenVisChart2D const& other)
     , _xScale(other._xScale)
     , _yScale(other._yScale)
     , _variables(other._variables)
+    , _sheets(other._sheets)
+    , _sheetDepths(other._sheetDepths)
+    , _sheetBox(other._sheetBox)
     , _handler(other._handler)
 {
     rename(typeString);
@@ -87,7 +92,7 @@ FenChartAxisPairScale const* FenVisChart2D::flatScales(Vector3::Comp direction) 
 
 fen::DrawnVariable const* FenVisChart2D::find(FenChartVariable const& variable) const
 {
-    for (fen::DrawnVariable const& one : _variables)
+    for (fen::DrawnVariable const& one : _sheets.empty() ? _variables : _sheets)
         if (one.cache.alive() && &one.variable() == &variable) return &one;
     return nullptr;
 }

@@ -96,11 +96,6 @@ FenVisChart2D::Highlight FenVisChart2D::highlightOf(FenChartVariable const& vari
     return {true, qint64(point->dataPointIdx)};
 }
 
-void FenVisChart2D::drawSelect3d(DrawContext const&, QPoint const&, FenVisOglSelectWeakPtr) const
-{
-    if (!chart.view3D.get() || !_bounds.defined()) return;
-}
-
 FenVisHitRecordList FenVisChart2D::select2d(SelectContext const& context) const
 {
     if (chart.view3D.get()) return FenVisHitRecordList();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../axes/VisAxesXY.h"
+#include "../../axes/VisAxesXYZ.h"
 #include "../../picking/select/VisOglSelect.h"
 #include "../../services/chartdata/Chart2D.h"
 #include "../../services/chartdata/ChartAxisPairScale.h"
@@ -77,6 +78,7 @@ public:
 private:
     struct Pass; // one pass of drawing or picking
     struct Highlight; // what of a variable is highlighted
+    struct Sheet; // a variable in the depth view
 
     void clearCaches();
     bool updateView3d(DrawContext const& context, FenChartVariableListCache const& variables);
@@ -94,7 +96,15 @@ private:
     void drawSymbol(Pass const& pass, fen::DrawnVariable const& one, Highlight const& highlight) const;
     void nameSymbols(Pass const& pass, fen::DrawnVariable const& one) const;
 
+    // The depth view: VisChart2D.depth.cpp
+    void makeSheets(DrawContext const& context, Kes::Math::BoundingBox const& box);
+    void drawSheet(DrawContext const& context, Sheet const& sheet) const;
+    void pickSheet(Pass const& pass, Sheet const& sheet) const;
+    void pickPoints(Pass const& pass, SelectContext const& context, Sheet const& sheet,
+                    Kes::Math::Matrix const& toEye) const;
+
     FenVisAxesXY _axes;
+    FenVisAxesXYZ _axes3d;
     FenOglViewport _dataViewport; // [px] relative to the node
     Kes::Math::BoundingBox _bounds; // [scene] 3D view only
     Kes::Math::Vector3 _scaling;
@@ -102,6 +112,9 @@ private:
     FenChartAxisPairScale _xScale;
     FenChartAxisPairScale _yScale;
     std::vector<fen::DrawnVariable> _variables; // in the order of the list
+    std::vector<fen::DrawnVariable> _sheets; // the same, mapped and drawn for the depth view
+    std::vector<float> _sheetDepths; // [scene] one per sheet
+    Kes::Math::BoundingBox _sheetBox; // [scene] around the sheets
     boost::shared_ptr<HitDetectEventHandler> _handler;
 
     friend class HitDetectEventHandler;

@@ -1,6 +1,7 @@
 #include "charts/chart2d/VisChart2D.handler.h"
 
 #include "charts/chart2d/DrawnVariable.h"
+#include "charts/chart2d/VisChart2D.parts.h"
 #include "charts/style/PointText.h"
 #include "picking/hits/VisHitProjectedPointQualifier.h"
 #include "picking/hits/VisHitQualifiers.h"
@@ -58,7 +59,11 @@ FenVisChart2D::HitDetectEventHandler::toDataPoint(FenVisChart2D const& chart, fe
 {
     if (!one.picture) return property;
     fen::VariablePicture const& picture = *one.picture;
-    QPointF const at = QPointF(place.point - chart._dataViewport.origin()) + QPointF(0.5, 0.5);
+    QPointF at = QPointF(place.point - chart._dataViewport.origin()) + QPointF(0.5, 0.5);
+    if (chart.chart.view3D.get()
+        && !fen::onSheet(QPointF(place.point) + QPointF(0.5, 0.5), place.viewport, place.modelView,
+                         place.projection, at))
+        return property;
     std::size_t point = picture.data.count;
     for (fen::Bar const& bar : picture.shape.bars)
         if (at.x() >= double(bar.left) && at.x() < double(bar.right)) point = bar.index;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charts/chart2d/DrawnVariable.h"
 #include "charts/chart2d/VisChart2D.h"
 
 #include <QPoint>
@@ -20,3 +21,22 @@ struct FenVisChart2D::Highlight {
 
     bool whole() const { return on && point < 0; }
 };
+
+/// A variable in the depth view.
+struct FenVisChart2D::Sheet {
+    fen::DrawnVariable const& one;
+    Kes::Math::Matrix toScene; ///< [sheet px] to [scene]
+    Kes::Math::Matrix toEye; ///< model-view matrix
+};
+
+namespace fen {
+
+/// Where the line into the scene under a pixel meets a sheet.
+/// @param point  [px] relative to the origin of `viewport`
+/// @param toEye  model-view matrix of the sheet
+/// @param sheet  [sheet px] the place
+/// @return false where it does not, or far outside
+bool onSheet(QPointF const& point, FenOglViewport const& viewport, Kes::Math::Matrix const& toEye,
+             Kes::Math::Matrix const& projection, QPointF& sheet);
+
+} // namespace fen

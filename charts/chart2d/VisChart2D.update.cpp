@@ -51,6 +51,8 @@ void FenVisChart2D::clearCaches()
     _offset = Kes::Math::Vector0;
     hitProperties().clear();
     _variables.clear();
+    _sheets.clear();
+    _sheetDepths.clear();
     // Whatever was highlighted may have gone, or be something else by now.
     _handler->forget();
 }
@@ -102,6 +104,8 @@ bool FenVisChart2D::updateView3d(DrawContext const& context, FenChartVariableLis
     _scaling = Vector3(inverse(size.x()), inverse(size.y()), inverse(size.z()));
     _bounds = BoundingBox(min, max).scale(_scaling);
     fen::debug_logger::debuglogger().dlog << "bounds: " << _bounds << '\n';
+    _axes3d.Update(*this, variables);
+    makeSheets(context, _bounds);
     Vector3 const margin = (_bounds.max() - _bounds.min()) * 0.05f;
     _bounds = BoundingBox(_bounds.min() - margin, _bounds.max() + margin);
     return true;

@@ -4,6 +4,7 @@
 #include "charts/style/Fill.h"
 #include "picking/hits/VisHitQualifiers.h"
 #include "picking/select/VisPickScope.h"
+#include "picking/select/VisWidePick.h"
 #include "services/opengl/GlWrappers.h"
 #include "services/opengl/PixelRatio.h"
 
@@ -131,7 +132,7 @@ bool FenVisChart3D::DrawBarVariable(Pick const& pick, Variable const& variable) 
             indices = {corners * unsigned(candidate.index), corners * unsigned(candidate.index) + 4};
         else
             addIndices(indices, edges, unsigned(candidate.index));
-        fen::WidePick const wide(pick.context, extra);
+        FenVisWidePick const wide(pick.context, extra);
         variable.boxes.draw(GL_LINES, indices);
     }
     return true;

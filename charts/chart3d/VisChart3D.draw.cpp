@@ -60,15 +60,6 @@ void bringPointsForward(std::vector<FenVisHitRecord>& records, FenVisHitTable co
 
 namespace fen {
 
-WidePick::WidePick(FenVisualization::SelectContext const& context, int extra)
-    : _matrix(GL_PROJECTION)
-{
-    glLoadIdentity();
-    gluPickMatrix(context.point + context.viewport.origin(), context.size + QSize(extra, extra),
-                  context.viewport);
-    glMultMatrix(context.projection);
-}
-
 std::vector<Candidate> nearest(std::vector<Candidate> all, std::size_t most)
 {
     std::sort(all.begin(), all.end(), [](Candidate const& a, Candidate const& b) {

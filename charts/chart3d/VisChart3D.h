@@ -87,6 +87,7 @@ private:
     void makeBars(Variable& variable) const;
     void DrawBarVariable(DrawContext const& context, Variable const& variable) const;
     bool DrawBarVariable(Pick const& pick, Variable const& variable) const;
+    static bool hasArea(Variable const& variable);
     void makeLine(Variable& variable) const;
     void DrawLineVariable(DrawContext const& context, Variable const& variable) const;
     void DrawLineVariable(Pick const& pick, Variable const& variable) const;

@@ -5,6 +5,7 @@
 #include "charts/chart3d/VisChart3D.parts.h"
 #include "charts/style/Fill.h"
 #include "picking/select/VisPickScope.h"
+#include "picking/select/VisWidePick.h"
 #include "services/opengl/OglGeometry.h"
 
 #include <boost/make_shared.hpp>
@@ -15,6 +16,11 @@ using Kes::Math::BoundingBox;
 using Kes::Math::Vector2;
 using Kes::Math::Vector3;
 
+bool FenVisChart3D::hasArea(Variable const& variable)
+{
+    return variable.filled() && !variable.fillsSymbols();
+}
+
 void FenVisChart3D::makeLine(Variable& variable) const
 {
     bool const spline = variable.style.shape == fen::CurveShape::Spline;
@@ -24,7 +30,7 @@ void FenVisChart3D::makeLine(Variable& variable) const
     for (Vector3 const& point : line) {
         variable.line.add(place(point), Vector2(0, variable.ramp(point.z())));
     }
-    if (variable.filled()) {
+    if (hasArea(variable)) {
         for (Vector3 const& point : fen::areaStrip(line, float(variable.source.base)))
             variable.area.add(place(point), Vector2(0, variable.ramp(point.z())));
     }
@@ -33,7 +39,7 @@ void FenVisChart3D::makeLine(Variable& variable) const
     variable.shapeTree = fen::BoxTree(curve.size() < 2 ? 0 : curve.size() - 1, [&](std::size_t i) {
         BoundingBox box(curve[i], curve[i]);
         box.insert(curve[i + 1]);
-        if (variable.filled()) box.insert(curve[i].x(), curve[i].y(), base);
+        if (hasArea(variable)) box.insert(curve[i].x(), curve[i].y(), base);
         return box;
     });
 }
@@ -54,7 +60,7 @@ void FenVisChart3D::DrawLineVariable(DrawContext const& context, Variable const&
 void FenVisChart3D::DrawLineVariable(Pick const& pick, Variable const& variable) const
 {
     bool const drawn = variable.outlined();
-    if (!drawn && !variable.filled()) return;
+    if (!drawn && !hasArea(variable)) return;
     int const extra = drawn ? int(std::ceil(variable.style.stroke.width)) : 0;
     fen::PickVolume const volume = pick.volume(extra);
     std::vector<Vector3> const& curve = variable.line.positions;
@@ -63,7 +69,7 @@ void FenVisChart3D::DrawLineVariable(Pick const& pick, Variable const& variable)
     variable.shapeTree.visit(volume, [&](std::size_t i) {
         Vector3 const &a = curve[i], &b = curve[i + 1];
         pieces.insert(pieces.end(), {a, b});
-        if (!variable.filled()) return;
+        if (!hasArea(variable)) return;
         for (Vector3 const& corner : fen::areaStrip({a, b}, base)) areas.push_back(corner);
         // From strip to strip without an area between.
         areas.push_back(areas.back());
@@ -78,6 +84,6 @@ void FenVisChart3D::DrawLineVariable(Pick const& pick, Variable const& variable)
     });
     if (!areas.empty()) fen::drawArray(GL_TRIANGLE_STRIP, areas);
     if (!drawn) return;
-    fen::WidePick const wide(pick.context, extra);
+    FenVisWidePick const wide(pick.context, extra);
     fen::drawArray(GL_LINES, pieces);
 }

@@ -8,7 +8,6 @@
 #include "charts/style/VariableStyle.h"
 #include "framework/DrawContext.h"
 #include "services/chartdata/ChartVariable.h"
-#include "services/opengl/GlScopes.h"
 #include "services/opengl/OglDisplayList.h"
 #include "services/properties/ModifiedWatcher.h"
 
@@ -60,6 +59,12 @@ struct FenVisChart3D::Variable {
     bool outlined() const { return style.line != fen::VariableStyle::Line::None; }
     /// Whether there is more to see than symbols.
     bool visible() const { return outlined() || filled(); }
+    /// Symbols alone take the colours of a gradient fill; a line has an area under it instead.
+    bool fillsSymbols() const
+    {
+        return shape == fen::Shape3D::Line && hasSymbols() && !outlined()
+            && style.fill.mode == fen::FillStyle::Gradient;
+    }
     bool filled() const { return style.fill.mode != fen::FillStyle::None; }
     /// Place of a height on the colour ramp, 0 at the lowest value and 1 at the highest.
     float ramp(float z) const
@@ -85,15 +90,6 @@ struct FenVisChart3D::Pick {
 };
 
 namespace fen {
-
-/// A pick region that is larger than the pick's by `extra` [px], as long as the scope lasts.
-class WidePick {
-public:
-    WidePick(FenVisualization::SelectContext const& context, int extra);
-
-private:
-    MatrixScope _matrix;
-};
 
 /// Things that may be picked, with their depths.
 struct Candidate {

@@ -2,6 +2,7 @@
 #include "charts/chart3d/VisChart3D.parts.h"
 #include "picking/hits/VisHitQualifiers.h"
 #include "picking/select/VisPickScope.h"
+#include "picking/select/VisWidePick.h"
 #include "services/opengl/OglGeometry.h"
 #include "services/opengl/PixelRatio.h"
 #include "services/properties/ColorMap.h"
@@ -59,7 +60,7 @@ void FenVisChart3D::DrawSymbolVariable(Pick const& pick, Variable const& variabl
         if (depth >= 0) met.push_back({depth, i});
     });
     if (met.empty()) return;
-    fen::WidePick const wide(pick.context, size);
+    FenVisWidePick const wide(pick.context, size);
     for (fen::Candidate const& candidate : fen::nearest(std::move(met), pick.most)) {
         FenVisPickScope const name(pick.select, hitProperties(), [&] {
             Vector3 const& at = variable.points[candidate.index];

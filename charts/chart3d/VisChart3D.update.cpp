@@ -180,7 +180,7 @@ void FenVisChart3D::makeShapes(Variable& variable) const
         makeSurface(variable);
         break;
     }
-    if (variable.shape == fen::Shape3D::Line && !variable.visible())
+    if (variable.shape == fen::Shape3D::Line && (!variable.visible() || variable.fillsSymbols()))
         variable.pointTree = fen::BoxTree(variable.places);
     else if (variable.hasSymbols() || variable.visible())
         variable.pointTree = fen::BoxTree(variable.places.size(), [&](std::size_t i) {

@@ -356,11 +356,10 @@ TEST_F(VisChart2DGlTest, LooksTheSameWhateverTheHostHasLeftOn)
     glDeleteBuffers(1, &buffer);
 }
 
-TEST_F(VisChart2DGlTest, TheViewInDepthLeavesThePlainPassesAlone)
+TEST_F(VisChart2DGlTest, TheViewInDepthIsNotPickedInThePlane)
 {
     scene.line("a", {{0, 0}, {1, 1}}).lineColor.set(Qt::blue);
     scene.chart->chart.view3D.set(true);
-    Picture const drawn = updated();
-    EXPECT_EQ(0, drawn.count(Qt::blue, 100));
+    updated();
     EXPECT_EQ("nothing", scene.pick(QPoint(200, 150)));
 }

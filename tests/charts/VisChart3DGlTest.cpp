@@ -1,3 +1,4 @@
+#include "charts/chart2d/VisChart2D.h"
 #include "charts/chart3d/VisChart3D.h"
 #include "framework/DrawContext.h"
 #include "picking/hits/IVisEventHandler.h"
@@ -21,14 +22,15 @@ namespace {
 typedef std::vector<double> Column;
 constexpr int size = 400; // [px] of the picture, which shows 2 units of the scene
 
-/// A 3D chart seen from a direction, in orthographic projection.
-class VisChart3DGl : public OffscreenGlTest {
+/// A chart seen from a direction, in orthographic projection.
+template <class Node>
+class DepthGl : public OffscreenGlTest {
 protected:
     void SetUp() override
     {
         OffscreenGlTest::SetUp();
         resizePicture(size, size);
-        node = std::make_unique<FenVisChart3D>(group);
+        node = std::make_unique<Node>(group);
         node->lighting.set(false);
         for (FenChartAxisPair* pair : {&node->chart.xAxes, &node->chart.yAxes, &node->chart.zAxes}) {
             pair->setFirst("", FenChartAxisContinuous::typeString);
@@ -39,21 +41,6 @@ protected:
     FenChartAxisContinuous& axis(FenChartAxisPair& pair)
     {
         return dynamic_cast<FenChartAxisContinuous&>(*pair.first());
-    }
-    FenChartVariable& add(Column x, Column y, Column z)
-    {
-        FenChartVariable& variable = node->chart.variables.append("v");
-        variable.setData(Vector3::CompX, std::move(x));
-        variable.setData(Vector3::CompY, std::move(y));
-        variable.setData(Vector3::CompZ, std::move(z));
-        variable.lineColor.set(Qt::red);
-        variable.fillColor.set(Qt::blue);
-        return variable;
-    }
-    /// A 3 x 3 grid, higher in the middle.
-    FenChartVariable& hill()
-    {
-        return add({0, 1, 2, 0, 1, 2, 0, 1, 2}, {0, 0, 0, 1, 1, 1, 2, 2, 2}, {0, 0, 0, 0, 4, 0, 0, 0, 0});
     }
     void look(double azimuth, double elevation)
     {
@@ -119,10 +106,31 @@ protected:
     std::string hover(Vector3 const& data) { return hover(pixel(data)); }
 
     FenModifiedGroup group;
-    std::unique_ptr<FenVisChart3D> node;
+    std::unique_ptr<Node> node;
     Matrix modelView, projection;
     FenVisHitRecord record;
 };
+
+class VisChart3DGl : public DepthGl<FenVisChart3D> {
+protected:
+    FenChartVariable& add(Column x, Column y, Column z)
+    {
+        FenChartVariable& variable = node->chart.variables.append("v");
+        variable.setData(Vector3::CompX, std::move(x));
+        variable.setData(Vector3::CompY, std::move(y));
+        variable.setData(Vector3::CompZ, std::move(z));
+        variable.lineColor.set(Qt::red);
+        variable.fillColor.set(Qt::blue);
+        return variable;
+    }
+    /// A 3 x 3 grid, higher in the middle.
+    FenChartVariable& hill()
+    {
+        return add({0, 1, 2, 0, 1, 2, 0, 1, 2}, {0, 0, 0, 1, 1, 1, 2, 2, 2}, {0, 0, 0, 0, 4, 0, 0, 0, 0});
+    }
+};
+
+typedef DepthGl<FenVisChart2D> VisChart2DDepthGl;
 
 } // namespace
 
@@ -288,4 +296,45 @@ TEST_F(VisChart3DGl, NothingBreaksIt)
     update();
     EXPECT_FALSE(node->boundingBox().defined());
     draw();
+}
+
+TEST_F(VisChart2DDepthGl, VariablesStandOneBehindTheOtherAndArePickedAsInThePlane)
+{
+    node->chart.view3D.set(true);
+    auto* const sides = node->chart.xAxes.setFirst("side", FenChartAxisDiscrete::typeString);
+    static_cast<FenChartAxisDiscrete*>(sides)->labels.set({"north", "south"});
+    for (FenChartAxis* axis : {sides, node->chart.yAxes.first()}) axis->autoRange.set(false); // no editor
+    for (QColor const& color : {QColor(Qt::red), QColor(Qt::blue)}) {
+        FenChartVariable& bars = node->chart.variables.append(color == QColor(Qt::red) ? "front" : "back");
+        bars.setData(Vector3::CompY, color == QColor(Qt::red) ? Column{4, 0} : Column{4, 8});
+        bars.style.set(FenChart::styleBar);
+        bars.fillMode.set(FenChart::fillSolid);
+        bars.fillColor.set(color);
+        bars.lineMode.set(FenChart::lineNone);
+        bars.barWidth.set(0.5);
+    }
+    update();
+    // The box without its rim is a unit wide; categories have halves of it.
+    BoundingBox const box = node->boundingBox();
+    EXPECT_NEAR(1.1, box.extent().x(), 1e-5);
+    float const left = box.min().x() + 0.05f, low = box.min().y() + 0.05f;
+    auto const at = [&](double x, double y) {
+        return Vector3(left + float(x), low + float(y), box.center().z())
+            .project(modelView, projection, viewport());
+    };
+    auto const pixelOf = [&](double x, double y) { return QPoint(int(at(x, y).x()), int(at(x, y).y())); };
+    Picture const drawn = draw();
+    auto const color = [&](double x, double y) {
+        return drawn.pixelGl(pixelOf(x, y).x(), pixelOf(x, y).y());
+    };
+    EXPECT_EQ(QColor(Qt::red), color(0.25, 0.3)) << "the first is in front";
+    EXPECT_EQ(QColor(Qt::blue), color(0.75, 0.3));
+    EXPECT_EQ(QColor(Qt::white), color(0.5, 0.3));
+    EXPECT_EQ("variable front, ??? no string version avaialble ??? | front { north, 4 } ",
+              hover(pixelOf(0.25, 0.3)));
+    EXPECT_EQ("variable back, ??? no string version avaialble ??? | back { south, 8 } ",
+              hover(pixelOf(0.75, 0.3)));
+    look(180, -90); // from behind
+    EXPECT_EQ("variable back", hover(pixelOf(0.25, 0.3)).substr(0, 13));
+    EXPECT_EQ("axis side | side", hover(QPoint(int((at(0, 0).x() + at(1, 0).x()) / 2), int(at(0, 0).y()))));
 }
