@@ -47,11 +47,12 @@ std::vector<std::uint32_t> mortonOrder(std::vector<Vector3> const& points)
 
 } // namespace
 
-BoxTree::BoxTree(std::size_t count, std::function<BoundingBox(std::size_t)> const& boxOf)
+BoxTree::BoxTree(std::size_t count, std::function<BoundingBox(std::size_t)> const& boxOf, std::size_t bundle)
     : _count(count)
+    , _bundle(bundle)
 {
-    std::vector<BoundingBox> blocks((count + blockSize - 1) / blockSize);
-    for (std::size_t i = 0; i < count; ++i) blocks[i / blockSize].insert(boxOf(i));
+    std::vector<BoundingBox> blocks((count + bundle - 1) / bundle);
+    for (std::size_t i = 0; i < count; ++i) blocks[i / bundle].insert(boxOf(i));
     build(std::move(blocks));
 }
 

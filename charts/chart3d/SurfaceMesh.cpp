@@ -198,14 +198,17 @@ void SurfaceMesh::makeTree()
         return;
     }
     std::size_t const tiles = tilesAcross() * ((_rows - 1 + tileSize - 1) / tileSize);
-    _tree = BoxTree(tiles, [&](std::size_t tile) {
-        BoundingBox box;
-        std::size_t const left = tile % tilesAcross() * tileSize, low = tile / tilesAcross() * tileSize;
-        for (std::size_t row = low; row <= std::min(low + tileSize, _rows - 1); ++row)
-            for (std::size_t column = left; column <= std::min(left + tileSize, _columns - 1); ++column)
-                if (at(column, row) != none) box.insert(places[at(column, row)]);
-        return box;
-    });
+    _tree = BoxTree(
+        tiles,
+        [&](std::size_t tile) {
+            BoundingBox box;
+            std::size_t const left = tile % tilesAcross() * tileSize, low = tile / tilesAcross() * tileSize;
+            for (std::size_t row = low; row <= std::min(low + tileSize, _rows - 1); ++row)
+                for (std::size_t column = left; column <= std::min(left + tileSize, _columns - 1); ++column)
+                    if (at(column, row) != none) box.insert(places[at(column, row)]);
+            return box;
+        },
+        1);
 }
 
 std::vector<GLuint> SurfaceMesh::trianglesIn(PickVolume const& volume) const
