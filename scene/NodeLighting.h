@@ -25,6 +25,7 @@ public:
         glEnable(GL_NORMALIZE);
         glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
         glEnable(GL_COLOR_MATERIAL);
+        glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE); // bodies may be open
     }
 
     /// The colour of what follows.

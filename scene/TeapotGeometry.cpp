@@ -77,7 +77,7 @@ Patch half(Tube const& tube, size_t first, float sign)
         float const y = sign * at.halfWidth;
         patch[row] = {Vector3(at.x0, 0, at.z0), Vector3(at.x0, y, at.z0), Vector3(at.x1, y, at.z1),
                       Vector3(at.x1, 0, at.z1)};
-        if (sign > 0) std::reverse(patch[row].begin(), patch[row].end()); // wound as the other half
+        if (sign < 0) std::reverse(patch[row].begin(), patch[row].end()); // wound as the other half
     }
     return patch;
 }

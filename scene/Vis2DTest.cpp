@@ -111,7 +111,7 @@ void FenVis2DTest::drawAnchors(FenOglText& text) const
 {
     FenOglBoxedText boxed(text);
     boxed.setColor(QColor(255, 255, 255, 200), color.get());
-    Vector2 const middle = position.get() + boxSize.get() * 0.5f;
+    Vector2 const box = boxSize.get(), middle = position.get() + Vector2(box.x() * 0.3f, box.y() * 0.5f);
     for (int i = 0; i < int(std::size(sides)); ++i) {
         Vector2 const anchor = middle + Vector2(0, float(1 - i / 2) * anchorSpacing);
         boxed.setAlignment(sides[i].alignment);

@@ -55,6 +55,14 @@ void clearDepth(FenOglViewport const& area)
     glClear(GL_DEPTH_BUFFER_BIT);
 }
 
+/// A cube from -1 to 1 in the middle of the viewport: the camera's zoom is not for the triad.
+Matrix projectionFor(FenOglViewport const& viewport)
+{
+    float const side = float(std::min(viewport.width(), viewport.height()));
+    return Matrix::scaling(
+        Vector3(side / float(viewport.width()), side / float(viewport.height()), -0.5f));
+}
+
 void drawArrow(Vector3 const& end, Vector3 const& tip)
 {
     FenOglGeometry::drawSolidCylinder(Vector3(), end, shaftRadius, shaftRadius, 0, 0);
@@ -204,6 +212,8 @@ void FenVisTriad::draw3d(DrawContext const& context) const
     }
     _orientation = context.modelView.orientation();
     clearDepth(context.viewport);
+    fen::MatrixScope const projection(GL_PROJECTION);
+    glLoadMatrix(projectionFor(context.viewport));
     drawTriad3D(context, FenVisOglSelectWeakPtr());
 }
 
@@ -214,8 +224,10 @@ FenVisHitRecordList FenVisTriad::select3d(SelectContext const& context) const
     hitProperties().clear();
     _orientation = context.modelView.orientation();
     FenVisOglSelectBuffer buffer(pickBuffer);
+    SelectContext own(context);
+    own.projection = projectionFor(context.viewport);
     {
-        FenVisOglSelect select(context, buffer);
+        FenVisOglSelect select(own, buffer);
         drawTriad3D(select, select);
     }
     return FenVisHitRecordList(buffer.records(), _handler, this, layer.get());
