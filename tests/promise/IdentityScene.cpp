@@ -6,8 +6,13 @@
 #include "charts/pie/VisChartPie.h"
 #include "charts/spider/VisChartSpider.h"
 #include "host/scene/Scene.h"
+#include "picking/hits/IVisEventHandler.h"
+#include "scene/VisAnnotation.h"
+#include "scene/VisTriad.h"
+#include "scene/VisViewpoint.h"
 #include "services/chartdata/ChartVariable.h"
 
+#include <algorithm>
 #include <cmath>
 
 using Kes::Math::Vector3;
@@ -174,6 +179,63 @@ IdentityScene makePie(FenVisScene& scene, std::mt19937& random)
     return result;
 }
 
+/// Lays the scene out and lets the pointer rest on the first thing that it meets within an area.
+void hover(FenVisScene& scene, QRect const& area)
+{
+    scene.resize(QSize(640, 400));
+    scene.update();
+    int const step = std::max(2, std::min(area.width(), area.height()) / 30);
+    for (int y = area.top(); y <= area.bottom(); y += step)
+        for (int x = area.left(); x <= area.right(); x += step) {
+            FenVisPick const hit = scene.pick(QPoint(x, y), QSize(1, 1));
+            auto const handler = hit.handler.lock();
+            if (!handler) continue;
+            QString tooltip;
+            handler->OnMouseOver(hit.record, FenStringBuilder(), tooltip);
+            return;
+        }
+}
+
+/// The strip and, as it is hovered, the grips; box and border are the catch-all.
+IdentityScene makeAnnotation(FenVisScene& scene, std::mt19937& random)
+{
+    IdentityScene result;
+    auto& node = scene.add<FenVisAnnotation>("annotation");
+    node.moveable.set(true);
+    node.resizeable.set(coin(random, 0.5));
+    QRect const box(int(uniform(random, 0, 100)), int(uniform(random, 0, 60)), int(uniform(random, 20, 500)),
+                    int(uniform(random, 10, 300)));
+    node.viewport.x.set(box.x());
+    node.viewport.y.set(box.y());
+    node.viewport.width.set(box.width());
+    node.viewport.height.set(box.height());
+    hover(scene, box);
+    QColor const color = identity(0);
+    constexpr int gripStep = 4; // [px] from one line of a grip to the next, and one
+    result.things.push_back({color, &node, false, gripStep, [&node, color] { node.borderColor.set(color); }});
+    return result;
+}
+
+/// The arrows; all have one label, so that all light up, and it is blank, as labels cannot be picked.
+IdentityScene makeTriad(FenVisScene& scene, std::mt19937& random)
+{
+    IdentityScene result;
+    auto& node = scene.add<FenVisTriad>("triad");
+    node.lighting.set(false);
+    node.labelISO.set(QString());
+    for (auto* const label : {&node.labelPosX, &node.labelPosY, &node.labelPosZ}) label->set(" ");
+    node.pixelSize.set(int(uniform(random, 60, 400)));
+    node.viewport.placement.set(choose<QString>(random, {"bottomLeft", "topRight", "center"}));
+    Vector3 const axis(float(uniform(random, -1, 1)), float(uniform(random, -1, 1)), 1);
+    scene.viewpoint().modelView.set(Kes::Math::Matrix::rotate(axis, uniform(random, 5, 300)));
+    FenOglViewport place;
+    node.getViewport(FenOglViewport(0, 0, 640, 400), place);
+    int const quarter = place.width() / 4; // the arrows reach no further
+    hover(scene, QRect(place.origin(), place.size()).adjusted(quarter, quarter, -quarter, -quarter));
+    result.things.push_back({QColor(255, 170, 0), &node, false, 1, [] {}}); // as what is hovered
+    return result;
+}
+
 } // namespace
 
 IdentityScene::Thing const* IdentityScene::drawnIn(QColor const& color) const
@@ -200,6 +262,8 @@ std::vector<IdentityKind> const& identityKinds()
         {"spider", makeItems<FenVisChartSpider>},
         {"correlation chart", makeCorrelation},
         {"pie chart", makePie},
+        {"annotation", makeAnnotation},
+        {"triad", makeTriad},
     };
     return kinds;
 }
