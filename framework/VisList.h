@@ -79,6 +79,11 @@ public:
     Kes::Math::BoundingBox boundingBox() const override;
 
 protected:
+    /// How the 3D passes reach each child; hosts may put something around it.
+    virtual void drawChild3d(FenVisualization const& child, DrawContext const& context) const;
+    virtual FenVisHitRecordList selectChild3d(FenVisualization const& child,
+                                              SelectContext const& context) const;
+
     FenProperties* makeChild(QString const& name, QString const& type) override;
 
 private:

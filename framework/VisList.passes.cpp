@@ -149,9 +149,21 @@ void FenVisList::resize(DrawContext const& context)
     forEachVisited(context, Flat, [](Child const& child, DrawContext const& own) { child->resize(own); });
 }
 
+void FenVisList::drawChild3d(FenVisualization const& child, DrawContext const& context) const
+{
+    child.draw3d(context);
+}
+
+FenVisHitRecordList FenVisList::selectChild3d(FenVisualization const& child,
+                                              SelectContext const& context) const
+{
+    return child.select3d(context);
+}
+
 void FenVisList::draw3d(DrawContext const& context) const
 {
-    forEachVisited(context, Solid, [](Child const& child, DrawContext const& own) { child->draw3d(own); });
+    forEachVisited(context, Solid,
+                   [this](Child const& child, DrawContext const& own) { drawChild3d(*child, own); });
 }
 
 void FenVisList::draw2d(DrawContext const& context) const
@@ -166,8 +178,9 @@ FenVisHitRecordList FenVisList::select3d(SelectContext const& context) const
 {
     FenVisHitRecordList hits;
     if (!mayPick()) return hits;
-    forEachVisited(context, Solid,
-                   [&](Child const& child, SelectContext const& own) { hits.insert(child->select3d(own)); });
+    forEachVisited(context, Solid, [&](Child const& child, SelectContext const& own) {
+        hits.insert(selectChild3d(*child, own));
+    });
     return hits;
 }
 
