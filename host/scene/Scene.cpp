@@ -5,6 +5,7 @@
 #include "host/table/ChartKinds.h"
 
 #include "scene/VisLight.h"
+#include "scene/VisTriad.h"
 #include "services/logging/Checks.h"
 
 namespace {
@@ -26,6 +27,7 @@ void fen::prepareForScene(FenVisualization& node)
 {
     ChartKind const* const kind = chartKindOf(node);
     if (kind && kind->prepare) kind->prepare(node);
+    if (dynamic_cast<FenVisTriad const*>(&node)) node.lineColor.set(Qt::transparent); // no frame around it
 }
 
 FenVisScene::Parts::Parts()
@@ -71,6 +73,7 @@ FenVisList const& FenVisScene::root() const { return _parts->root; }
 FenResource& FenVisScene::resource() { return _parts->resource; }
 FenVisLightList& FenVisScene::lights() { return _parts->lights; }
 FenVisViewpoint& FenVisScene::viewpoint() { return _parts->viewpoint; }
+FenPlanePainter& FenVisScene::planePainter() { return _parts->planePainter; }
 FenOglCache& FenVisScene::cache() { return _parts->cache; }
 FenOglText& FenVisScene::text() { return _parts->text; }
 FenOglGeometry& FenVisScene::geometry() { return _parts->geometry; }

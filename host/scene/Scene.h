@@ -16,6 +16,7 @@
 #include <memory>
 
 class FenModifiedGroup;
+class FenPlanePainter;
 class FenOglCache;
 class FenOglGeometry;
 class FenOglText;
@@ -74,6 +75,8 @@ public:
     /// From where the 3D part is seen, "viewpoint"; see `FenCamera`. The identity stands for the
     /// isometric view of everything.
     FenVisViewpoint& viewpoint();
+    /// Shows the planes of the 3D part; switch it off to draw them otherwise.
+    FenPlanePainter& planePainter();
 
     /// Makes an enabled node in the root. A name that is taken gets the suffix ".2", ".3" ...
     /// @return the node; it belongs to the root

@@ -220,7 +220,9 @@ void FenVisScene::draw()
         (anyEnabled(parts.lights) ? parts.lights : parts.defaultLights).setLighting();
         glEnable(GL_DEPTH_TEST);
         glEnable(GL_MULTISAMPLE); // where the framebuffer has samples
+        parts.planePainter.draw(parts.root, FenPlanePainter::Opaque, context);
         parts.root.draw3d(context);
+        parts.planePainter.draw(parts.root, FenPlanePainter::Translucent, context);
     }
     glDisable(GL_MULTISAMPLE); // lines in the plane have better edges by blending
     glDisable(GL_DEPTH_TEST);

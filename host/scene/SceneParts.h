@@ -4,6 +4,7 @@
 #include "framework/IVisPropertyEdit.h"
 #include "host/edit/UndoPropertyEdit.h"
 #include "host/link/LinkedSelection.h"
+#include "host/scene/PlanePainter.h"
 #include "host/scene/Scene.h"
 #include "host/scene/SceneObserver.h"
 #include "host/table/TableRows.h"
@@ -38,6 +39,25 @@ public:
     void endEdit() override { }
 };
 
+/// The root: clip planes among its children cut those that they name.
+class SceneRoot : public FenVisList {
+public:
+    using FenVisList::FenVisList;
+
+protected:
+    void drawChild3d(FenVisualization const& child, DrawContext const& context) const override
+    {
+        fen::ClipScope const clipped(child);
+        FenVisList::drawChild3d(child, context);
+    }
+    FenVisHitRecordList selectChild3d(FenVisualization const& child,
+                                      SelectContext const& context) const override
+    {
+        fen::ClipScope const clipped(child);
+        return FenVisList::selectChild3d(child, context);
+    }
+};
+
 /// What a scene owns, in the order of its making: the group outlives all that belongs to it.
 struct FenVisScene::Parts {
     Parts();
@@ -47,7 +67,8 @@ struct FenVisScene::Parts {
     FenOglGeometry geometry;
     FenOglCache cache;
     FenOglText text;
-    FenVisList root;
+    SceneRoot root;
+    FenPlanePainter planePainter;
     FenVisLightList lights;
     FenVisLightList defaultLights; // in their place where none is enabled
     FenVisViewpoint viewpoint;
