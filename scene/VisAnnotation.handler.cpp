@@ -64,7 +64,9 @@ bool FenVisAnnotation::HitDetectEventHandler::OnMouseRelease(FenVisHitRecord con
 
 void FenVisAnnotation::HitDetectEventHandler::store(FenVisAnnotation& annotation) const
 {
-    annotation.viewport = FenOglViewport::fitToParent(annotation.group(), box(), annotation._parent);
+    annotation._box = box(); // the next drag may come before the next layout
+    annotation.viewport =
+        FenOglViewport::fitToParent(annotation.group(), annotation._box, annotation._parent);
 }
 
 void FenVisAnnotation::HitDetectEventHandler::end()

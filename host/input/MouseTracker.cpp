@@ -51,8 +51,10 @@ QString FenMouseTracker::tooltip() const { return _state->tooltip; }
 FenChartNavigation& FenMouseTracker::navigation() { return _state->navigation; }
 FenCamera& FenMouseTracker::camera() { return _state->camera; }
 
-bool FenMouseTracker::key(int key)
+bool FenMouseTracker::key(int key, Qt::KeyboardModifiers modifiers)
 {
+    if (QPoint const way = State::arrowWay(key, modifiers); !way.isNull()) return _state->moveBox(way);
+    if (modifiers & ~Qt::KeypadModifier) return false;
     static char const* const directions[] = {"front", "back", "left", "right", "top", "bottom", "iso"};
     FenVisScene& scene = _state->scene;
     if (pressed() || !_state->may(Pan) || !scene.root().boundingBox().defined()) return false;

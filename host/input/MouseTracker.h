@@ -46,6 +46,7 @@ public:
         std::function<void()> makeCurrent; ///< before a pick: make the context current
         std::function<void()> redraw; ///< the picture has to be drawn again
         std::function<void(QString const& text, QPoint at)> tooltip; ///< empty text: none any more
+        std::function<void(Qt::CursorShape shape)> cursor; ///< what a drag from here would do
         std::function<void(QRect const& rectangle)> rubberBand; ///< [px], empty: none any more
     };
 
@@ -83,9 +84,10 @@ public:
     bool takesWheel(QPoint point) const;
     /// The pointer has left the window; during a drag it may come back.
     bool leave();
-    /// A key (Qt::Key) of the camera: 1 to 7 look from front, back, left, right, top, bottom and the
+    /// A key (Qt::Key). Arrows move the annotation that was clicked last by 1 px, with shift by 10. Of the
+    /// camera: 1 to 7 look from front, back, left, right, top, bottom and the
     /// isometric direction, P switches perspective. False for any other, and without a 3D part.
-    bool key(int key);
+    bool key(int key, Qt::KeyboardModifiers modifiers = {});
     /// Ends a drag and puts back what it changed (escape, loss of the window).
     bool cancel();
 

@@ -112,6 +112,7 @@ bool FenMouseTracker::State::enter(Hit next)
             next.property = source->hitProperty(next.record.context());
     }
     hovered = next;
+    showCursor(hovered);
     setTooltip(text);
     return scene.links().hover(hovered.property, hovered.source.get()) || redraw;
 }
@@ -128,6 +129,7 @@ bool FenMouseTracker::State::forgetHovered()
 bool FenMouseTracker::State::unhover()
 {
     bool const redraw = forgetHovered();
+    showCursor(Hit());
     setTooltip(QString());
     return scene.links().hover(FenVisHitProperty(), nullptr) || redraw;
 }
@@ -195,6 +197,12 @@ bool FenMouseTracker::State::startLooking(QPoint point, bool moves)
 
 bool FenMouseTracker::State::dragNode(QPoint point)
 {
+    // The pointer may leave the window; what it has grabbed stays where it can be grabbed again.
+    return dragNodeBy(inPicture(lastPoint) - inPicture(point));
+}
+
+bool FenMouseTracker::State::dragNodeBy(QPoint offset)
+{
     FenVisualization const* const source = hit.source.get();
     if (hit.handler.expired() || !source) {
         if (phase != NodeDrags) return false;
@@ -208,7 +216,6 @@ bool FenMouseTracker::State::dragNode(QPoint point)
         before = fen::TreeSnapshot(const_cast<FenVisualization&>(*source));
         scene.propertyEdit().beginStep();
     }
-    QPoint const offset = lastPoint - point;
     bool const taken = tell(hit, [&](IFenVisEventHandler& handler, FenVisHitRecord const& record) {
         return handler.OnMouseDrag(record, offset);
     });
@@ -262,6 +269,7 @@ bool FenMouseTracker::State::click()
     bool const redraw = tell(hit, [](IFenVisEventHandler& handler, FenVisHitRecord const& record) {
         return handler.OnMouseSelect(record);
     });
+    box = hit;
     FenVisHitProperty const what = hit.property;
     if (selected && what.defined()) selected(what);
     return redraw;

@@ -70,6 +70,10 @@ struct FenMouseTracker::State : IFenSceneObserver {
     bool unhover();
     bool drag(QPoint point);
     bool finish();
+    /// [px] way of an arrow key; null for any other.
+    static QPoint arrowWay(int key, Qt::KeyboardModifiers modifiers);
+    /// Moves the annotation that was clicked last, as one undo step.
+    bool moveBox(QPoint way);
     bool abandon();
 
     FenVisScene& scene;
@@ -91,6 +95,8 @@ struct FenMouseTracker::State : IFenSceneObserver {
     QPoint lastPoint; // [px] of the last event
     Hit hit; // of the press
     Hit hovered;
+    Hit box; // the annotation that was clicked last
+    Qt::CursorShape cursor = Qt::ArrowCursor;
     QString tooltip;
     fen::TreeSnapshot before; // the dragged node at the start of the drag
 
@@ -101,6 +107,9 @@ private:
     bool startDrag(QPoint point);
     bool startLooking(QPoint point, bool moves);
     bool dragNode(QPoint point);
+    bool dragNodeBy(QPoint offset);
+    QPoint inPicture(QPoint point) const;
+    void showCursor(Hit const& over);
     bool releaseNode();
     bool click();
     void setTooltip(QString const& text);

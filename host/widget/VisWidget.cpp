@@ -52,6 +52,7 @@ FenVisWidget::FenVisWidget(QWidget* parent)
     output.makeCurrent = [this] { makeCurrent(); };
     output.redraw = [this] { update(); };
     output.tooltip = [this](QString const& text, QPoint at) { showTooltip(text, at); };
+    output.cursor = [this](Qt::CursorShape shape) { setCursor(shape); };
     output.rubberBand = [this](QRect const& rectangle) { showRubberBand(rectangle); };
     _tracker->setOutput(std::move(output));
     connect(&_scene->undoStack(), &QUndoStack::indexChanged, this, [this] { update(); });
@@ -195,7 +196,6 @@ void FenVisWidget::keyPressEvent(QKeyEvent* event)
         _tracker->cancel();
         return;
     }
-    bool const plain = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (plain && _tracker->key(event->key())) return;
+    if (_tracker->key(event->key(), event->modifiers())) return;
     QOpenGLWidget::keyPressEvent(event);
 }
