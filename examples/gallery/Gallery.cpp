@@ -123,6 +123,26 @@ std::vector<gallery::Scene> makeScenes()
          QStringLiteral("Four charts of one table"),
          {},
          gallery::buildDashboard},
+        {QStringLiteral("furnished-chart"),
+         QStringLiteral("A chart with a picture, a logo and a note"),
+         {},
+         [](FenVisScene& scene) {
+             buildCommand(
+                 words("data/samples/mauna-loa-co2.csv --x date --y co2 --y-title weekly_mean_[ppm]"), scene);
+             gallery::furnishChart(scene);
+         }},
+        {QStringLiteral("text-placement"),
+         QStringLiteral("Texts in pixels"),
+         {},
+         gallery::buildTextPlacement},
+        {QStringLiteral("teapot-lights"),
+         QStringLiteral("A teapot under three lights"),
+         {},
+         gallery::buildTeapotLights},
+        {QStringLiteral("teapot-shadow"),
+         QStringLiteral("A shadow on the floor"),
+         {},
+         gallery::buildTeapotShadow},
     };
 }
 

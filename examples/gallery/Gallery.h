@@ -36,5 +36,9 @@ void buildStackedSources(FenVisScene& scene);
 void buildBarsAndLine(FenVisScene& scene);
 void buildWeatherMatrix(FenVisScene& scene);
 void buildDashboard(FenVisScene& scene);
+void furnishChart(FenVisScene& scene);
+void buildTextPlacement(FenVisScene& scene);
+void buildTeapotLights(FenVisScene& scene);
+void buildTeapotShadow(FenVisScene& scene);
 
 } // namespace gallery
