@@ -2,6 +2,8 @@
 #include "apps/fenvis/TextTable.h"
 
 #include "framework/VisList.h"
+#include "scene/VisAnnotation.h"
+#include "scene/VisLight.h"
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartVariable.h"
 #include "services/properties/ModifiedGroup.h"
@@ -22,20 +24,22 @@ void collect(FenProperties const& item, QString const& path, command::TextTable&
         collect(*item.at(i), path + item.at(i)->name() + QLatin1Char('.'), rows);
 }
 
-/// What the items of a chart are made of; a chart that is new has none of them.
+/// What lists do not make by type: items of a chart, lights, annotations.
 std::unique_ptr<FenProperties> makeItem(QString const& type, FenModifiedGroup& group)
 {
     if (type == FenChartVariable::typeString) return std::make_unique<FenChartVariable>(group);
     if (type == FenChartAxisContinuous::typeString) return std::make_unique<FenChartAxisContinuous>(group);
     if (type == FenChartAxisDiscrete::typeString) return std::make_unique<FenChartAxisDiscrete>(group);
+    if (type == FenVisLight::typeString) return std::make_unique<FenVisLight>(group);
+    if (type == FenVisAnnotation::typeString) return std::make_unique<FenVisAnnotation>(group);
     return nullptr;
 }
 
 QStringList allTypes()
 {
     return FenVisList::creatableTypes()
-        + QStringList{FenChartVariable::typeString, FenChartAxisContinuous::typeString,
-                      FenChartAxisDiscrete::typeString};
+        + QStringList{FenVisLight::typeString, FenVisAnnotation::typeString, FenChartVariable::typeString,
+                      FenChartAxisContinuous::typeString, FenChartAxisDiscrete::typeString};
 }
 
 command::TextTable rowsOf(QString const& type)
