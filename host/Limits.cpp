@@ -11,6 +11,10 @@ std::vector<fen::limits::Limit> fen::limits::table()
         {QStringLiteral("values of a file"), values, {}},
         {QStringLiteral("variables of a chart"), variables, {}},
         {QStringLiteral("name"), nameCharacters, QStringLiteral("characters")},
+        {QStringLiteral("scene file"), sceneBytes, bytes},
+        {QStringLiteral("depth of a scene's tree"), treeDepth, {}},
+        {QStringLiteral("nodes of a scene"), nodes, {}},
+        {QStringLiteral("keys of a node"), keysPerNode, {}},
         {QStringLiteral("side of a drawn picture (the driver may allow less)"), pictureSide, pixels},
     };
 }

@@ -14,3 +14,9 @@ QString fen::messageText(QString const& text, qsizetype longest)
         shown += harmless(c) ? QString::fromUcs4(&c, 1) : QStringLiteral("\\u{%1}").arg(uint(c), 0, 16);
     return text.size() > longest ? shown + QStringLiteral("...") : shown;
 }
+
+QString fen::quotedName(QString const& name)
+{
+    constexpr qsizetype longest = 80; // [characters]
+    return QLatin1Char('"') + messageText(name, longest) + QLatin1Char('"');
+}

@@ -10,4 +10,7 @@ namespace fen {
 /// as "\u{..}", and no more than `longest` characters of it.
 FENVIS_EXPORT QString messageText(QString const& text, qsizetype longest = 4096);
 
+/// The same in quotes: a name, cut when it is long.
+FENVIS_EXPORT QString quotedName(QString const& name);
+
 } // namespace fen

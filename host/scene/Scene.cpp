@@ -30,8 +30,10 @@ void fen::prepareForScene(FenVisualization& node)
     if (dynamic_cast<FenVisTriad const*>(&node)) node.lineColor.set(Qt::transparent); // no frame around it
 }
 
-FenVisScene::Parts::Parts()
-    : cache(resource)
+FenVisScene::Parts::Parts(FenModifiedGroup* shared)
+    : ownGroup(shared ? nullptr : std::make_unique<FenModifiedGroup>())
+    , group(shared ? *shared : *ownGroup)
+    , cache(resource)
     , text(cache)
     , root(group, QStringLiteral("node"))
     , lights(group)
@@ -51,12 +53,22 @@ FenVisScene::Parts::Parts()
     light.position.set(Kes::Math::Vector3(-3e5F, 5e5F, 1e6F)); // far beyond any box: a direction
 }
 
-FenVisScene::FenVisScene()
-    : _parts(std::make_unique<Parts>())
+FenVisScene::FenVisScene(std::unique_ptr<Parts> parts)
+    : _parts(std::move(parts))
     , background(_parts->root, QStringLiteral("background"), Qt::white, QString())
     , perspective(_parts->root, QStringLiteral("perspective"), false, QString())
 {
     _parts->links = std::make_unique<FenLinkedSelection>(*this);
+}
+
+FenVisScene::FenVisScene()
+    : FenVisScene(std::make_unique<Parts>())
+{
+}
+
+FenVisScene::FenVisScene(FenModifiedGroup& group)
+    : FenVisScene(std::make_unique<Parts>(&group))
+{
 }
 
 FenVisScene::~FenVisScene()
@@ -72,8 +84,10 @@ FenVisList& FenVisScene::root() { return _parts->root; }
 FenVisList const& FenVisScene::root() const { return _parts->root; }
 FenResource& FenVisScene::resource() { return _parts->resource; }
 FenVisLightList& FenVisScene::lights() { return _parts->lights; }
+FenVisLightList const& FenVisScene::lights() const { return _parts->lights; }
 FenVisViewpoint& FenVisScene::viewpoint() { return _parts->viewpoint; }
 FenPlanePainter& FenVisScene::planePainter() { return _parts->planePainter; }
+FenVisViewpoint const& FenVisScene::viewpoint() const { return _parts->viewpoint; }
 FenOglCache& FenVisScene::cache() { return _parts->cache; }
 FenOglText& FenVisScene::text() { return _parts->text; }
 FenOglGeometry& FenVisScene::geometry() { return _parts->geometry; }

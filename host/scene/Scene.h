@@ -5,6 +5,7 @@
 #include "../../services/logging/Export.h"
 #include "../../services/math/NumberFormat.h"
 #include "../../services/properties/PropertyAdaptor.h"
+#include "SceneTable.h"
 #include "VisPick.h"
 
 #include <QColor>
@@ -14,6 +15,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <memory>
+#include <vector>
 
 class FenModifiedGroup;
 class FenPlanePainter;
@@ -64,6 +66,9 @@ public:
     FenPropertyAdaptor<bool> perspective;
     /// How numbers are written in labels and tooltips. After a change of it call `touch`.
     Kes::Math::NumberFormat numberFormat;
+    /// Tables that columns of variables come from. A scene file refers to those with a file in place of
+    /// their numbers.
+    std::vector<FenSceneTable> tables;
 
     FenModifiedGroup& group();
     FenVisList& root();
@@ -72,9 +77,11 @@ public:
     /// Lights of the 3D pass, "lights"; as long as none of them is enabled, one light over the
     /// viewer's shoulder.
     FenVisLightList& lights();
+    FenVisLightList const& lights() const;
     /// From where the 3D part is seen, "viewpoint"; see `FenCamera`. The identity stands for the
     /// isometric view of everything.
     FenVisViewpoint& viewpoint();
+    FenVisViewpoint const& viewpoint() const;
     /// Shows the planes of the 3D part; switch it off to draw them otherwise.
     FenPlanePainter& planePainter();
 
@@ -143,6 +150,11 @@ public:
     FenUndoPropertyEdit& propertyEdit();
 
 private:
+    friend class FenSceneFile;
+    /// An empty scene whose nodes may move into the scene of that group, which outlives it.
+    explicit FenVisScene(FenModifiedGroup& group);
+    explicit FenVisScene(std::unique_ptr<Parts> parts);
+
     void updatePasses();
     void insertNamed(std::unique_ptr<FenVisualization> node, QString const& name);
 };

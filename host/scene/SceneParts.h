@@ -25,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 /// Editor of the update and resize passes: writes what a pass has found, silently. A text that
@@ -60,9 +61,11 @@ protected:
 
 /// What a scene owns, in the order of its making: the group outlives all that belongs to it.
 struct FenVisScene::Parts {
-    Parts();
+    /// @param shared  null: a group of its own
+    explicit Parts(FenModifiedGroup* shared = nullptr);
 
-    FenModifiedGroup group;
+    std::unique_ptr<FenModifiedGroup> ownGroup;
+    FenModifiedGroup& group;
     FenResource resource;
     FenOglGeometry geometry;
     FenOglCache cache;

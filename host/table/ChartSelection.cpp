@@ -96,11 +96,6 @@ private:
 
 } // namespace
 
-QString fen::quotedName(QString const& name)
-{
-    return QLatin1Char('"') + fen::messageText(name, longestName) + QLatin1Char('"');
-}
-
 FenDataTable::Column const* fen::findColumn(FenDataTable const& table, QString const& name, QString& error)
 {
     int const index = table.find(name);

@@ -29,8 +29,6 @@ QString selectColumns(FenDataTable const& table, FenChartOptions const& options,
 
 /// The column of that name; null, with `error` set unless it says something already, when there is none.
 FenDataTable::Column const* findColumn(FenDataTable const& table, QString const& name, QString& error);
-/// A name in messages, cut when it is long.
-QString quotedName(QString const& name);
 /// Takes lists apart at commas, but for columns whose names have commas.
 QStringList singleNames(FenDataTable const& table, QStringList const& lists);
 

@@ -1,3 +1,4 @@
+#include "host/output/MessageText.h"
 #include "host/scene/Scene.h"
 #include "host/scene/Theme.h"
 #include "host/table/ChartBuilder.h"

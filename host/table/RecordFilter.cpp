@@ -1,5 +1,6 @@
 #include "host/table/RecordFilter.h"
 
+#include "host/output/MessageText.h"
 #include "host/table/ChartSelection.h"
 #include "host/table/DateText.h"
 
