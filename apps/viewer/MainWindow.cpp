@@ -1,6 +1,7 @@
 #include "apps/viewer/MainWindow.h"
 
 #include "apps/viewer/PropertyPanel.h"
+#include "host/file/SceneFile.h"
 #include "host/input/ChartNavigation.h"
 #include "host/input/MouseTracker.h"
 #include "host/output/FileOutput.h"
@@ -55,7 +56,9 @@ void MainWindow::makeFileMenu()
 {
     QMenu* const menu = menuBar()->addMenu(QStringLiteral("&File"));
     menu->addAction(QStringLiteral("&Open data ..."), QKeySequence::Open, this, [this] { askForFile(); });
-    menu->addAction(QStringLiteral("&Save picture ..."), QKeySequence::Save, this,
+    menu->addAction(QStringLiteral("&Save scene ..."), QKeySequence::Save, this,
+                    [this] { askForSceneFile(); });
+    menu->addAction(QStringLiteral("Save &picture ..."), QKeySequence(Qt::CTRL | Qt::Key_E), this,
                     [this] { askForPicture(); });
     menu->addSeparator();
     menu->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, [this] { close(); });
@@ -91,6 +94,31 @@ void MainWindow::makeViewMenu()
 
 bool MainWindow::open(QString const& path, QString& error)
 {
+    bool const scene = FenSceneFile::hasSceneName(path);
+    if (scene ? !openScene(path, error) : !openTable(path, error)) return false;
+    setWindowTitle(QFileInfo(path).fileName() + QStringLiteral(" - FenVis"));
+    _view->update();
+    return true;
+}
+
+bool MainWindow::openScene(QString const& path, QString& error)
+{
+    error.clear();
+    for (FenSceneProblem const& problem : FenSceneFile::load(path, _view->scene()))
+        if (problem.error && error.isEmpty()) error = problem.text();
+    return error.isEmpty();
+}
+
+bool MainWindow::saveScene(QString const& path, QString& error)
+{
+    error.clear();
+    for (FenSceneProblem const& problem : FenSceneFile::save(_view->scene(), path))
+        if (problem.error && error.isEmpty()) error = problem.text();
+    return error.isEmpty();
+}
+
+bool MainWindow::openTable(QString const& path, QString& error)
+{
     FenDataTable table;
     if (!FenDataTable::read(path, table, error)) return false;
     FenVisScene& scene = _view->scene();
@@ -106,8 +134,7 @@ bool MainWindow::open(QString const& path, QString& error)
     // Only now that the new chart is there; steps about the old one mean nothing any more.
     for (unsigned i = 0; i < before; ++i) nodes.erase(nodes.at(0U));
     scene.undoStack().clear();
-    setWindowTitle(QFileInfo(path).fileName() + QStringLiteral(" - FenVis"));
-    _view->update();
+    scene.tables = {{QString(), path, {}, table, {}}};
     return true;
 }
 
@@ -133,9 +160,9 @@ void MainWindow::setTheme(FenTheme const& theme)
 
 void MainWindow::askForFile()
 {
-    QString const path =
-        QFileDialog::getOpenFileName(this, QStringLiteral("Open data"), QString(),
-                                     QStringLiteral("Tables (*.csv *.tsv *.txt);;All files (*)"));
+    QString const path = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Open data"), QString(),
+        QStringLiteral("Tables and scenes (*.csv *.tsv *.txt *.json);;All files (*)"));
     QString error;
     if (!path.isEmpty() && !open(path, error)) complain(QStringLiteral("Cannot open the data"), error);
 }
@@ -148,6 +175,16 @@ void MainWindow::askForPicture()
     if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".png");
     QString error;
     if (!savePicture(path, error)) complain(QStringLiteral("Cannot save the picture"), error);
+}
+
+void MainWindow::askForSceneFile()
+{
+    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save scene"), QString(),
+                                                QStringLiteral("Scenes (*.json)"));
+    if (path.isEmpty()) return;
+    if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".json");
+    QString error;
+    if (!saveScene(path, error)) complain(QStringLiteral("Cannot save the scene"), error);
 }
 
 void MainWindow::complain(QString const& title, QString const& message)

@@ -73,6 +73,21 @@ TEST_F(MainWindowTest, AFailedOpenKeepsWhatIsShown)
     EXPECT_EQ(nodes, scene().root().size()) << "the old chart has gone";
 }
 
+TEST_F(MainWindowTest, ASceneIsSavedAndOpenedAgain)
+{
+    chart().layer.set(7);
+    QString const path = folder.filePath(QStringLiteral("scene.json"));
+    ASSERT_TRUE(window.saveScene(path, error)) << error.toStdString();
+    chart().layer.set(8);
+    ASSERT_TRUE(window.open(path, error)) << error.toStdString();
+    EXPECT_EQ(7, chart().layer.get());
+    EXPECT_EQ(3U, chart().chart.variables[0].count());
+    EXPECT_FALSE(window.saveScene(folder.filePath(QStringLiteral("no/such/folder.json")), error));
+    EXPECT_FALSE(window.open(folder.filePath(QStringLiteral("missing.json")), error));
+    EXPECT_TRUE(error.contains(QLatin1String("missing.json: cannot read"))) << error.toStdString();
+    EXPECT_EQ(7, chart().layer.get());
+}
+
 TEST_F(MainWindowTest, ThePanelEditsWithUndoAndRefusesNonsense)
 {
     QStringList const path{chart().name(), QStringLiteral("chart"), QStringLiteral("title")};
