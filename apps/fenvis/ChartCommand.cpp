@@ -1,38 +1,34 @@
 #include "apps/fenvis/Command.h"
 #include "apps/fenvis/TableChart.h"
 
-#include "host/output/FileOutput.h"
-#include "host/output/MessageText.h"
+#include "host/file/SceneFile.h"
 #include "host/scene/Scene.h"
 
 #include <QCommandLineParser>
-#include <QFile>
-
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
-/// True when both are there and are one regular file, through whatever links.
-bool sameFile(QString const& a, QString const& b)
+int saveScene(QString const& path, FenVisScene const& scene)
 {
-    std::error_code ignored;
-    std::filesystem::path const first(QFile::encodeName(a).toStdString());
-    std::filesystem::path const second(QFile::encodeName(b).toStdString());
-    return std::filesystem::is_regular_file(first, ignored)
-        && std::filesystem::equivalent(first, second, ignored);
+    int status = command::Success;
+    for (FenSceneProblem const& problem : FenSceneFile::save(scene, path)) {
+        command::badInput(problem.text());
+        if (problem.error) status = command::BadInput;
+    }
+    return status;
 }
 
 } // namespace
 
 QList<QCommandLineOption> command::chartOptions()
 {
-    QCommandLineOption const output({QStringLiteral("o"), QStringLiteral("output")},
-                                    QStringLiteral("the picture to write (PNG)"), QStringLiteral("FILE"));
+    QCommandLineOption const save(
+        QStringLiteral("save"), QStringLiteral("the scene to write (JSON), in place of or beside a picture"),
+        QStringLiteral("SCENE"));
     QCommandLineOption const rows(
         QStringLiteral("print-rows"),
         QStringLiteral("print the records that pass all filters as JSON (parallel)"));
-    return TableChart::options() + QList<QCommandLineOption>{output, rows};
+    return TableChart::options() + QList<QCommandLineOption>{save, outputOption(), rows};
 }
 
 int command::runChart(Call const& call, Command const& self)
@@ -41,13 +37,14 @@ int command::runChart(Call const& call, Command const& self)
     int status = Success;
     if (!parse(call, self, 1, 1, parser, status)) return status;
     bool const printRows = parser.isSet(QStringLiteral("print-rows"));
-    bool const write = parser.isSet(QStringLiteral("o"));
-    if (!write && !printRows) return wrongUsage(self, QStringLiteral("-o FILE is missing"));
+    bool const save = parser.isSet(QStringLiteral("save"));
+    bool const draw = parser.isSet(QStringLiteral("o"));
+    if (!draw && !save && !printRows) return wrongUsage(self, QStringLiteral("-o FILE is missing"));
 
     QString const output = parser.value(QStringLiteral("o"));
-    if (sameFile(output, parser.positionalArguments().first()))
-        return badInput(fen::messageText(output)
-                        + QStringLiteral(": is the table itself; -o has to name another file"));
+    QString const scenePath = parser.value(QStringLiteral("save"));
+    for (QString const& target : {output, scenePath})
+        if (isInput(target, parser)) return BadInput;
 
     TableChart chart;
     if (std::optional<int> const failure = chart.prepare(call, self, parser)) return *failure;
@@ -55,10 +52,8 @@ int command::runChart(Call const& call, Command const& self)
     if (std::optional<int> const failure = chart.build(scene)) return *failure;
     if (printRows && !chart.printPassingRows(scene))
         return wrongUsage(self, QStringLiteral("--print-rows: needs --kind parallel"));
-    if (!write) return Success;
-    QByteArray const png = pngBytes(chart.canvas->draw(scene, chart.picture));
-    if (png.isEmpty()) return badInput(QStringLiteral("fenvis: not enough memory for the picture"));
-    QString error;
-    if (!fen::writeFile(output, png, error)) return badInput(error);
-    return Success;
+    scene.resize(chart.picture.size, chart.picture.scale);
+    if (save) status = saveScene(scenePath, scene);
+    if (!draw || status != Success) return status;
+    return writePicture(output, chart.canvas->draw(scene, chart.picture));
 }

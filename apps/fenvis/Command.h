@@ -6,6 +6,7 @@
 #include <QStringList>
 
 class QCommandLineParser;
+class QImage;
 
 namespace command {
 
@@ -39,6 +40,10 @@ int runColumns(Call const& call, Command const& self);
 QList<QCommandLineOption> noOptions();
 int runView(Call const& call, Command const& self);
 int runTypes(Call const& call, Command const& self);
+QList<QCommandLineOption> renderOptions();
+int runRender(Call const& call, Command const& self);
+QList<QCommandLineOption> checkOptions();
+int runCheck(Call const& call, Command const& self);
 QList<QCommandLineOption> galleryOptions();
 int runGallery(Call const& call, Command const& self);
 
@@ -54,6 +59,12 @@ int badInput(QString const& message);
 int wrongUsage(Command const& self, QString const& message);
 /// Says what the user may want to know but need not act upon, on standard error; of many lines the first.
 void remark(QStringList const& lines);
+/// -o, --output
+QCommandLineOption outputOption();
+/// True, said on standard error, for an output that is the file which is read.
+bool isInput(QString const& output, QCommandLineParser const& parser);
+/// Writes a picture as PNG; the exit status to return.
+int writePicture(QString const& path, QImage const& picture);
 /// A text on standard output.
 void print(QString const& text);
 QString helpText(Command const& self);

@@ -1,6 +1,8 @@
 #include "apps/fenvis/Command.h"
+#include "apps/fenvis/SceneInput.h"
 #include "apps/fenvis/TableChart.h"
 
+#include "host/file/SceneFile.h"
 #include "host/scene/Scene.h"
 #include "host/table/TableRows.h"
 
@@ -111,8 +113,30 @@ QList<QCommandLineOption> command::pickOptions()
     QCommandLineOption const at(QStringLiteral("at"),
                                 QStringLiteral("pixel of the picture, from its top left corner"),
                                 QStringLiteral("X,Y"));
-    return TableChart::options() + QList<QCommandLineOption>{at};
+    return TableChart::options() + QList<QCommandLineOption>{SceneInput::allowOption(), at};
 }
+
+namespace {
+
+/// What `chart` or `scene` need to be drawn is there; prints what lies at a point [device px].
+int pickIn(FenVisScene& scene, command::Canvas& canvas, command::PictureOptions const& picture, QPoint at)
+{
+    QSize const size = picture.deviceSize();
+    if (!QRect(QPoint(0, 0), size).contains(at))
+        return command::badInput(QStringLiteral("fenvis: %1,%2 lies outside of the picture of %3x%4 pixels")
+                                     .arg(at.x())
+                                     .arg(at.y())
+                                     .arg(size.width())
+                                     .arg(size.height()));
+    canvas.draw(scene, picture);
+    double const scale = picture.scale;
+    QPoint const point(int(std::floor(at.x() / scale)),
+                       int(std::floor((size.height() - 1 - at.y()) / scale)));
+    command::print(QString::fromUtf8(QJsonDocument(pickObject(scene, point)).toJson()));
+    return command::Success;
+}
+
+} // namespace
 
 int command::runPick(Call const& call, Command const& self)
 {
@@ -122,21 +146,14 @@ int command::runPick(Call const& call, Command const& self)
     std::optional<QPoint> const at = pointFrom(parser.value(QStringLiteral("at")));
     if (!at) return wrongUsage(self, QStringLiteral("--at X,Y: expected a point such as 640,400"));
 
+    if (FenSceneFile::hasSceneName(parser.positionalArguments().first())) {
+        SceneInput input;
+        if (std::optional<int> const failure = input.prepare(call, self, parser)) return *failure;
+        return pickIn(*input.scene, *input.canvas, input.picture, *at);
+    }
     TableChart chart;
     if (std::optional<int> const failure = chart.prepare(call, self, parser)) return *failure;
-    QSize const size = chart.picture.deviceSize();
-    if (!QRect(QPoint(0, 0), size).contains(*at))
-        return badInput(QStringLiteral("fenvis: %1,%2 lies outside of the picture of %3x%4 pixels")
-                            .arg(at->x())
-                            .arg(at->y())
-                            .arg(size.width())
-                            .arg(size.height()));
     FenVisScene scene;
     if (std::optional<int> const failure = chart.build(scene)) return *failure;
-    chart.canvas->draw(scene, chart.picture);
-    double const scale = chart.picture.scale;
-    QPoint const point(int(std::floor(at->x() / scale)),
-                       int(std::floor((size.height() - 1 - at->y()) / scale)));
-    print(QString::fromUtf8(QJsonDocument(pickObject(scene, point)).toJson()));
-    return Success;
+    return pickIn(scene, *chart.canvas, chart.picture, *at);
 }

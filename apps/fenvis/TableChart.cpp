@@ -26,15 +26,14 @@ std::optional<int> command::TableChart::prepare(Call const& call, Command const&
                                                 QCommandLineParser const& parser)
 {
     QString error;
-    FenReadOptions reading;
     if (!fen::readChartArguments(parser, _chart, error) || !picture.read(parser, error)
-        || !fen::readReadArguments(parser, _chart.x, reading, error))
+        || !fen::readReadArguments(parser, _chart.x, _reading, error))
         return wrongUsage(self, error);
     error = picture.sizeError();
     if (!error.isEmpty()) return badInput(error);
     _file = parser.positionalArguments().first();
     _table = std::make_unique<FenDataTable>();
-    if (!FenDataTable::read(_file, *_table, error, reading)) return badInput(error);
+    if (!FenDataTable::read(_file, *_table, error, _reading)) return badInput(error);
     remark(_table->notes());
     canvas = std::make_unique<Canvas>(call.argc, call.argv);
     if (!canvas->prepare(picture, error)) return badInput(error);
@@ -48,7 +47,10 @@ std::optional<int> command::TableChart::build(FenVisScene& scene) const
     bool const added = fen::addChart(scene, *_table, _chart, *picture.theme, error, &remarks);
     for (QString& line : remarks) line.prepend(fen::messageText(_file) + QStringLiteral(": "));
     remark(remarks);
-    if (added) return {};
+    if (added) {
+        scene.tables.push_back({QString(), _file, _reading, *_table, {}});
+        return {};
+    }
     return badInput(fen::messageText(_file) + QStringLiteral(":1: ") + error);
 }
 

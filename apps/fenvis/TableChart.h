@@ -3,6 +3,7 @@
 #include "apps/fenvis/Drawing.h"
 
 #include "host/table/ChartBuilder.h"
+#include "host/table/ReadOptions.h"
 
 #include <optional>
 
@@ -36,6 +37,7 @@ public:
 private:
     QString _file;
     FenChartOptions _chart;
+    FenReadOptions _reading;
     std::unique_ptr<FenDataTable> _table;
 };
 

@@ -21,14 +21,19 @@ using command::Command;
 std::vector<Command> const& commands()
 {
     static std::vector<Command> const table{
-        {"chart", "DATA.csv [options] -o OUT.png", "Draws a chart of a CSV file.", command::chartOptions,
-         command::runChart},
-        {"pick", "DATA.csv [options] --at X,Y", "Says as JSON what lies at a point of the chart.",
-         command::pickOptions, command::runPick},
+        {"chart", "DATA.csv [options] -o OUT.png [--save SCENE.json]", "Draws a chart of a CSV file.",
+         command::chartOptions, command::runChart},
+        {"render", "SCENE.json [options] -o OUT.png", "Draws a scene file.", command::renderOptions,
+         command::runRender},
+        {"check", "SCENE.json", "Reads a scene file and says what is wrong with it.", command::checkOptions,
+         command::runCheck},
+        {"pick", "SCENE.json|DATA.csv [options] --at X,Y",
+         "Says as JSON what lies at a point of the picture.", command::pickOptions, command::runPick},
         {"columns", "DATA.csv [options]",
          "Lists the columns of a CSV file: name, type, unit, range, missing values, and which would be x.",
          command::columnsOptions, command::runColumns},
-        {"view", "[DATA.csv]", "Shows a CSV file in a window.", command::noOptions, command::runView},
+        {"view", "[SCENE.json|DATA.csv]", "Shows a scene or a CSV file in a window.", command::noOptions,
+         command::runView},
         {"types", "[TYPE]", "Lists all types; of one type all settings with their types, defaults and units.",
          command::noOptions, command::runTypes},
         {"gallery", "FOLDER", "Draws the gallery of sample charts into a folder, with an index.html.",
@@ -50,6 +55,13 @@ QString overview()
                "  fenvis --limits         what files may hold\n"
                "  fenvis --version\n\n"
                "Exit status: 0; 1 for bad input, told as \"file:line: message\"; 2 for wrong usage.\n");
+}
+
+QString noSuchCommand()
+{
+    QStringList names;
+    for (Command const& one : commands()) names.append(QString::fromLatin1(one.name));
+    return QStringLiteral("fenvis: no such command; there are: %1\n").arg(names.join(QStringLiteral(", ")));
 }
 
 QString limits()
@@ -91,11 +103,7 @@ int run(int& argc, char** argv)
     else {
         for (Command const& one : commands())
             if (first == QLatin1String(one.name)) return one.run({arguments.mid(1), argc, argv}, one);
-        std::fputs(qUtf8Printable(first.isEmpty()
-                                      ? overview()
-                                      : QStringLiteral("fenvis: no such command; there are: chart, pick, "
-                                                       "view, types, gallery\n")),
-                   stderr);
+        std::fputs(qUtf8Printable(first.isEmpty() ? overview() : noSuchCommand()), stderr);
         return command::WrongUsage;
     }
     return command::Success;

@@ -161,6 +161,40 @@ TEST_F(CommandGlTest, PickFindsWhatTheChartShows)
     EXPECT_EQ(90, hits[0].toObject()[QStringLiteral("layer")].toInt());
 }
 
+TEST_F(CommandGlTest, AChartThatWasSavedIsTheSameScene)
+{
+    ASSERT_TRUE(QFile::copy(sample("penguins.csv"), path("penguins.csv")));
+    QString const options =
+        QStringLiteral(" --x flipper_length_mm --y body_mass_g --group species --style none --symbol rect");
+    QString const chart = QStringLiteral("chart penguins.csv --size 500x300 --theme dark") + options;
+    ASSERT_EQ(0, run(qUtf8Printable(chart + QStringLiteral(" --save s.json -o chart.png"))).status);
+    ASSERT_EQ(0, run(qUtf8Printable(chart + QStringLiteral(" --save t.json"))).status);
+    EXPECT_EQ("s.json: no errors\n", run("check s.json").output);
+    for (char const* line : {"render s.json -o scene.png", "render t.json -o scene.png"}) {
+        Result const result = run(line);
+        ASSERT_EQ(0, result.status) << result.errors;
+        EXPECT_EQ("", result.errors);
+        EXPECT_EQ(0, picture("chart.png").differingPixels(picture("scene.png")));
+    }
+    EXPECT_EQ(
+        run(qUtf8Printable(QStringLiteral("pick penguins.csv --size 500x300 --at 300,150") + options)).output,
+        run("pick s.json --at 300,150").output);
+    ASSERT_EQ(0, run("render s.json --size 100x80 --scale 2 -o scene.png").status);
+    EXPECT_EQ(QSize(200, 160), picture("scene.png").image().size());
+
+    ASSERT_TRUE(QDir().mkdir(path("far")));
+    ASSERT_TRUE(QFile::rename(path("penguins.csv"), path("far/penguins.csv")));
+    ASSERT_TRUE(QFile::link(path("far/penguins.csv"), path("penguins.csv")));
+    ASSERT_TRUE(QDir().mkdir(path("near")));
+    ASSERT_TRUE(QFile::rename(path("s.json"), path("near/s.json")));
+    ASSERT_TRUE(QFile::link(path("far/penguins.csv"), path("near/penguins.csv")));
+    Result const outside = run("render near/s.json -o no.png");
+    EXPECT_EQ(1, outside.status);
+    EXPECT_EQ("near/s.json:7: column 15: the file lies outside of the scene's folder\n", outside.errors);
+    EXPECT_FALSE(QFile::exists(path("no.png")));
+    EXPECT_EQ(0, run("check near/s.json --allow far").status);
+}
+
 TEST_F(CommandGlTest, BadInputGivesOneMessageAndNoFile)
 {
     file("ragged.csv", "a,b\n1,2\n3,4,5\n");
@@ -185,7 +219,7 @@ TEST_F(CommandGlTest, BadInputGivesOneMessageAndNoFile)
         {"good.csv --scale -1",
          "fenvis: a picture of 1280x800 at scale -1 cannot be drawn: from 1 to 16384 pixels a side\n"},
         {"good.csv -o folder/../good.csv",
-         "folder/../good.csv: is the table itself; -o has to name another file\n"},
+         "folder/../good.csv: is the file that is read; write to another one\n"},
         {"good.csv --x a --y b -o missing/out.png",
          "missing/out.png: cannot write: No such file or directory\n"},
         {"good.csv --x a --y b -o /dev/full", "/dev/full: cannot write: No space left on device\n"},
@@ -231,7 +265,8 @@ TEST_F(CommandGlTest, WrongUsageIsToldAndExitsWith2)
     };
     Row const rows[] = {
         {"", "usage: fenvis COMMAND"},
-        {"draw", "fenvis: no such command; there are: chart, pick, view, types, gallery\n"},
+        {"draw",
+         "fenvis: no such command; there are: chart, render, check, pick, columns, view, types, gallery\n"},
         {"chart", "fenvis chart: too few arguments\nusage: fenvis chart DATA.csv"},
         {"chart a.csv", "fenvis chart: -o FILE is missing"},
         {"chart a.csv b\x1b[31m.csv -o c.png", "fenvis chart: unexpected argument \"b\\u{1b}[31m.csv\""},
@@ -242,6 +277,8 @@ TEST_F(CommandGlTest, WrongUsageIsToldAndExitsWith2)
         {"chart a.csv --size 12 -o c.png", "fenvis chart: --size: expected a size such as 1280x800"},
         {"chart a.csv --scale big -o c.png", "fenvis chart: --scale: expected a number"},
         {"pick a.csv --at 3", "fenvis pick: --at X,Y: expected a point such as 640,400"},
+        {"render a.json", "fenvis render: -o FILE is missing"},
+        {"check", "fenvis check: too few arguments"},
         {"types cake", "fenvis types: there is no such type"},
         {"gallery", "fenvis gallery: too few arguments"},
     };
