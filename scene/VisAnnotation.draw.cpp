@@ -5,8 +5,6 @@
 #include "scene/VisAnnotation.handler.h"
 #include "services/opengl/FlatScope.h"
 #include "services/opengl/GlWrappers.h"
-#include "services/opengl/OglCache.h"
-#include "services/opengl/OglTexture.h"
 #include "services/opengl/VertexArrays.h"
 
 #include <algorithm>
@@ -16,32 +14,62 @@ using Kes::Math::Vector2;
 
 namespace {
 
-constexpr unsigned stripShades = 64;
 constexpr int gripLines = 3;
 constexpr float gripStep = 3.0f; // [px] from one line of a grip to the next
 
 /// Corners in pixels, right and upper edge outside.
 struct Rectangle {
     float left, bottom, right, top;
-
-    explicit Rectangle(FenOglViewport const& area)
-        : left(float(area.x()))
-        , bottom(float(area.y()))
-        , right(float(area.x() + area.width()))
-        , top(float(area.y() + area.height()))
-    {
-    }
-    void draw() const { fen::drawRectangle(left, bottom, right, top); }
-    /// Its edge, of a thickness [px] that fits.
-    void drawEdge(float thickness) const
-    {
-        float const t = std::min({thickness, (right - left) / 2, (top - bottom) / 2});
-        fen::drawRectangle(left, bottom, right, bottom + t);
-        fen::drawRectangle(left, top - t, right, top);
-        fen::drawRectangle(left, bottom + t, left + t, top - t);
-        fen::drawRectangle(right - t, bottom + t, right, top - t);
-    }
 };
+
+Rectangle rectangleOf(FenOglViewport const& area)
+{
+    return {float(area.x()), float(area.y()), float(area.x() + area.width()), float(area.y() + area.height())};
+}
+
+/// Areas that are drawn at once: a hundred annotations would else be a thousand draw calls.
+class Areas {
+public:
+    /// Filled, from one colour at the bottom to another at the top.
+    void fill(Rectangle const& area, QColor const& lower, QColor const& upper)
+    {
+        add(area.left, area.bottom, lower);
+        add(area.right, area.bottom, lower);
+        add(area.right, area.top, upper);
+        add(area.left, area.top, upper);
+    }
+    void fill(Rectangle const& area, QColor const& color) { fill(area, color, color); }
+    /// The edge of an area, of a thickness [px] that fits.
+    void outline(Rectangle const& area, float thickness, QColor const& color)
+    {
+        auto const [left, bottom, right, top] = area;
+        float const t = std::min({thickness, (right - left) / 2, (top - bottom) / 2});
+        fill({left, bottom, right, bottom + t}, color);
+        fill({left, top - t, right, top}, color);
+        fill({left, bottom + t, left + t, top - t}, color);
+        fill({right - t, bottom + t, right, top - t}, color);
+    }
+    void draw() const { _mesh.draw(GL_QUADS); }
+
+private:
+    void add(float x, float y, QColor const& color) { _mesh.add(Kes::Math::Vector3(x, y, 0), color); }
+
+    fen::VertexArrays _mesh;
+};
+
+/// Down to the box, so that both are one thing; a pick reaches that far.
+Rectangle stripOf(FenOglViewport const& frame)
+{
+    return rectangleOf(FenOglViewport(
+        fen::annotationRim, frame.height() - fen::annotationHigher + fen::annotationRim,
+        frame.width() - fen::annotationWider, fen::stripTo + 1 - fen::annotationRim));
+}
+
+QColor clear(QColor color)
+{
+    color.setAlpha(0);
+    return color;
+}
 
 bool shows(QColor const& color) { return color.isValid() && color.alpha() > 0; }
 
@@ -58,42 +86,23 @@ void FenVisAnnotation::draw2d(DrawContext const& context) const
 
 void FenVisAnnotation::decorate(DrawContext const& context) const
 {
-    fen::FlatScope const flat;
-    Rectangle const box(fen::annotationContent(FenOglViewport(
-        0, 0, context.viewport.width(), context.viewport.height())));
-    if (box.right <= box.left || box.top <= box.bottom) return;
-    if (shows(backgroundColor.get())) {
-        glColor(backgroundColor.get());
-        box.draw();
-    }
-    if (!shows(borderColor.get())) return;
-    if (draggable()) drawStrip(context);
-    glColor(borderColor.get());
+    FenOglViewport const frame(0, 0, context.viewport.width(), context.viewport.height());
+    FenOglViewport const content = fen::annotationContent(frame);
+    if (!content.valid()) return;
+    QColor const line = borderColor.get();
     float const border = borderSize.get();
-    if (border > 0 && std::isfinite(border)) box.drawEdge(border);
-    if (draggable() && _handler->hovered().defined()) drawGrips(context.viewport.size());
-}
-
-void FenVisAnnotation::drawStrip(DrawContext const& context) const
-{
-    // Drawn down to the box, so that both are one thing; a pick reaches that far.
-    int const height = context.viewport.height() - fen::annotationHigher;
-    Rectangle const strip(FenOglViewport(fen::annotationRim, height + fen::annotationRim,
-                                         context.viewport.width() - fen::annotationWider,
-                                         fen::stripTo + 1 - fen::annotationRim));
-    QColor clear = borderColor.get();
-    clear.setAlpha(0);
-    context.cache.gradient({clear, borderColor.get()}, stripShades, false).set();
-    fen::FlatScope::enableTexture(GL_REPLACE);
-    fen::drawTexturedArray(GL_TRIANGLE_FAN,
-                           std::vector<Vector2>{{strip.left, strip.bottom},
-                                                {strip.right, strip.bottom},
-                                                {strip.right, strip.top},
-                                                {strip.left, strip.top}},
-                           {{0, 0}, {0, 0}, {0, 1}, {0, 1}});
-    glDisable(GL_TEXTURE_2D);
-    glColor(borderColor.get());
-    strip.drawEdge(1);
+    Areas areas;
+    if (shows(backgroundColor.get())) areas.fill(rectangleOf(content), backgroundColor.get());
+    if (shows(line) && draggable()) {
+        areas.fill(stripOf(frame), clear(line), line);
+        areas.outline(stripOf(frame), 1, line);
+    }
+    if (shows(line) && border > 0 && std::isfinite(border)) areas.outline(rectangleOf(content), border, line);
+    fen::FlatScope const flat;
+    areas.draw();
+    if (!shows(line) || !draggable() || !_handler->hovered().defined()) return;
+    glColor(line);
+    drawGrips(context.viewport.size());
 }
 
 /// Three lines across each corner, from edge to edge.

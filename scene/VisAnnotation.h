@@ -59,7 +59,6 @@ public:
 
 private:
     bool draggable() const { return moveable.get() || resizeable.get(); }
-    void drawStrip(DrawContext const& context) const;
     void drawGrips(QSize const& size) const;
 
     boost::shared_ptr<HitDetectEventHandler> _handler;

@@ -92,27 +92,29 @@ void FenVisText::doDraw2d(DrawContext const& context) const
     if (text.get().isEmpty()) return;
     loadFaces(context);
     fen::FlatScope const flat;
+    fen::GlyphBatch batch(*_glyphs); // both passes at once
+    _batch = &batch;
     int const baseline = context.viewport.height() - std::clamp(fontSize.get(), 1, largestSize);
     if (shadow.get().alpha() > 0) drawMultilineString(1, baseline - 1, shadow.get(), text.get(), true);
     if (color.get().alpha() > 0) drawMultilineString(0, baseline, color.get(), text.get(), false);
+    _batch = nullptr;
+    batch.flush();
 }
 
 void FenVisText::drawMultilineString(int x, int y, QColor const& ink, QStringList const& lines,
                                      bool asShadow) const
 {
-    if (!_glyphs) return;
+    if (!_batch) return;
     parse(lines);
     for (OGLFT::Face* const face : _faces) face->setPixelSize(fontSize.get());
     int const height = int(std::lround(_faces[Regular]->height()));
     if (height <= 0) return; // no font on the machine
-    fen::GlyphBatch batch(*_glyphs);
     QPoint pen(x, y);
     for (std::vector<fen::TextRun> const& runs : _runs) {
         if (pen.y() < -height) break; // below the viewport
-        appendLine(batch, pen, runs, ink, asShadow);
+        appendLine(*_batch, pen, runs, ink, asShadow);
         pen.ry() -= height;
     }
-    batch.flush();
 }
 
 void FenVisText::appendLine(fen::GlyphBatch& batch, QPoint const& start, std::vector<fen::TextRun> const& runs,

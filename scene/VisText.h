@@ -62,6 +62,7 @@ private:
 
     mutable std::array<OGLFT::Face*, Faces> _faces{}; // of the cache; of the pass that runs
     mutable fen::GlyphAtlas* _glyphs = nullptr; // the same
+    mutable fen::GlyphBatch* _batch = nullptr; // what `doDraw2d` collects
     mutable QStringList _parsedLines;
     mutable std::vector<std::vector<fen::TextRun>> _runs; // one per parsed line
 };
