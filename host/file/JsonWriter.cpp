@@ -17,8 +17,8 @@ QByteArray fen::jsonText(QString const& text)
     for (char const c : text.toUtf8()) {
         if (c == '"' || c == '\\')
             json.append('\\').append(c);
-        else if (c == '\n')
-            json.append("\\n");
+        else if (c == '\n' || c == '\t')
+            json.append(c == '\n' ? "\\n" : "\\t");
         else if (static_cast<unsigned char>(c) < 0x20)
             json.append("\\u").append(QByteArray::number(c, 16).rightJustified(4, '0'));
         else

@@ -98,6 +98,12 @@ void fen::SceneTables::readFile(JsonValue const& value, Table& table)
         if (error.startsWith(path)) error = messageText(file.text()) + error.mid(path.size());
         return _problems.error(file, error);
     }
+    // What was left out of the file or is not sure.
+    for (QString const& note : source.table.notes()) {
+        QString shown = note;
+        shown.replace(messageText(source.file), messageText(file.text()));
+        _problems.warnOnce(file.source, note, shown);
+    }
     _values += source.table.rows() * source.table.columns();
     if (_values > std::size_t(limits::values))
         _problems.error(file, QStringLiteral("the tables have more than %1 values").arg(limits::values));

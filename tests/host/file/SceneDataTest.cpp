@@ -1,5 +1,6 @@
 #include "tests/host/file/SceneFileFixture.h"
 
+#include "host/file/JsonValue.h"
 #include "host/table/TableRows.h"
 
 #include "services/chartdata/ChartVariable.h"
@@ -60,6 +61,29 @@ TEST_F(SceneDataTest, ReadsColumnsOfTablesAndWritesThemAsReferences)
         FenSceneFile::save(scene, folder.filePath(QStringLiteral("other/s.json")));
     EXPECT_EQ(1, outside.size());
     EXPECT_FALSE(failed(outside)) << "the numbers are written in place";
+}
+
+TEST_F(SceneDataTest, ReadsAFileAsTheTableSaysAndTellsWhatItLeftOut)
+{
+    write(QStringLiteral("t.csv"), "% measured\n1\ta\n2\tb\n12.5.2012\t1,5\n13.5.2012\t?\n14.5.2012\t2,5\n");
+    QByteArray const options =
+        "\"delimiter\": \"\\t\", \"decimal\": \",\", \"dateFormat\": \"d.M.yyyy\", "
+        "\"skipRows\": 2, \"unitsRow\": false, \"comment\": \"%\", \"types\": {\"b\": \"number\"}";
+    QString const path =
+        write(QStringLiteral("s.json"),
+              head + "\"data\": {\"t\": {\"file\": \"t.csv\", " + options
+                  + "}}, \"scene\": [{\"name\": \"c\", \"type\": \"visualization.chart.2d\", \"chart\": "
+                    "{\"variables\": [{\"name\": \"v\", \"data\": {\"table\": \"t\", \"y\": \"b\"}}]}}]}");
+    std::string const warnings = listed(FenSceneFile::load(path, scene));
+    EXPECT_NE(std::string::npos, warnings.find("(1:")) << warnings;
+    EXPECT_EQ(2.5, chart().chart.variables[0].data(Vector3::CompY).back());
+    QString const copy = folder.filePath(QStringLiteral("copy.json"));
+    EXPECT_EQ("", listed(FenSceneFile::save(scene, copy)));
+    QFile file(copy);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray const saved = fen::compactJson(file.readAll().toStdString());
+    EXPECT_TRUE(saved.contains("\"file\":\"t.csv\"," + fen::compactJson(options.toStdString())))
+        << saved.toStdString();
 }
 
 TEST_F(SceneDataTest, ReferencesStayInsideTheFolder)
