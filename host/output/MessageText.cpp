@@ -1,6 +1,7 @@
 #include "host/output/MessageText.h"
 
 #include <QChar>
+#include <QList>
 
 QString fen::messageText(QString const& text, qsizetype longest)
 {
