@@ -171,8 +171,6 @@ std::vector<Argument> columnArguments()
          [](Reader& r, Options& o) { r.texts("y", o.y); }},
         {"y2", "COL,...", text("columns on the right axis"),
          [](Reader& r, Options& o) { r.texts("y2", o.y2); }},
-        {"z", "COL", text("column along z; default: the first columns of numbers along x, y and z"),
-         [](Reader& r, Options& o) { r.text("z", o.z); }},
         {"group", "COL", text("a curve, or an item of means, for each text of this column"),
          [](Reader& r, Options& o) { r.text("group", o.group); }},
         {"color-by", "COL", text("column that gives records their colours"),
@@ -201,10 +199,8 @@ std::vector<Argument> manyArguments()
 std::vector<Argument> styleArguments()
 {
     return {
-        {"style", "S", oneOf(Options::styles()) + text("; 3d: surface too"),
-         [](Reader& r, Options& o) {
-             r.word("style", o.kind == u"3d" ? Options::styles3D() : Options::styles(), o.style);
-         }},
+        {"style", "S", oneOf(Options::styles()),
+         [](Reader& r, Options& o) { r.word("style", Options::styles(), o.style); }},
         {"symbol", "S", oneOf(Options::symbols()),
          [](Reader& r, Options& o) { r.word("symbol", Options::symbols(), o.symbol); }},
         {"fill", "F", oneOf(Options::fills()),

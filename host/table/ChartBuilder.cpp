@@ -10,10 +10,6 @@ QStringList FenChartOptions::styles()
             FenChart::styleBar};
 }
 
-QString FenChartOptions::surfaceStyle() { return QStringLiteral("surface"); }
-
-QStringList FenChartOptions::styles3D() { return styles() + QStringList{surfaceStyle()}; }
-
 QStringList FenChartOptions::symbols()
 {
     return {FenChart::symbolNone,      FenChart::symbolRect,      FenChart::symbolEllipse,

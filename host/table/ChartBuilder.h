@@ -24,7 +24,6 @@ struct FENVIS_EXPORT FenChartOptions {
     /// the right: every number column but x.
     QStringList y;
     QStringList y2; ///< columns on the right axis
-    QString z; ///< column along z of a 3D chart; there, empty ones are the first columns of numbers
     /// Text column: one variable for each of its texts, in a spider one item with the means of its rows;
     /// empty: none
     QString group;
@@ -55,8 +54,6 @@ struct FENVIS_EXPORT FenChartOptions {
     std::optional<bool> legend; ///< empty: with 2 to 12 variables
 
     static QStringList styles();
-    static QStringList styles3D(); ///< those of a 3D chart
-    static QString surfaceStyle(); ///< "surface", of a 3D chart
     static QStringList symbols();
     static QStringList fills();
     static QStringList lineStyles();

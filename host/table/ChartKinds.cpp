@@ -6,7 +6,6 @@
 #include "host/table/ChartBuilder.h"
 
 #include "charts/chart2d/VisChart2D.h"
-#include "charts/chart3d/VisChart3D.h"
 #include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/VisLegend.h"
 #include "charts/parallel/VisChartPCP.h"
@@ -33,12 +32,6 @@ void prepareXY(FenVisualization& node)
     if (!content) return;
     addAxis(content->xAxes, "x");
     addAxis(content->yAxes, "y");
-}
-
-void prepareXYZ(FenVisualization& node)
-{
-    prepareXY(node);
-    if (auto* const content = dynamic_cast<FenChartXYZ*>(fen::contentOf(node))) addAxis(content->zAxes, "z");
 }
 
 /// None in the 3D view, where the camera is moved.
@@ -86,9 +79,6 @@ std::vector<ChartKind> const& fen::chartKinds()
          words("x y y2 group style symbol fill line-style line-width symbol-size smooth no-smooth log "
                "x-range y-range y2-range x-title y-title y2-title"),
          prepareXY, buildChart2D, sidesOf2D, nullptr},
-        {QStringLiteral("3d"), FenVisChart3D::typeString,
-         words("x y z group style symbol fill line-width symbol-size"), prepareXYZ, buildChart3D, nullptr,
-         nullptr},
         {QStringLiteral("parallel"), FenVisChartPCP::typeString, words("y color-by filter"), nullptr,
          buildParallel, nullptr, dressMultiAxis},
         {QStringLiteral("spider"), FenVisChartSpider::typeString, words("y group fill"), nullptr, buildSpider,

@@ -75,7 +75,6 @@ bool variablesFit(std::size_t count, QString& error);
 void finishChart(ChartOrder const& order, FenVisChart& node, bool legend);
 
 FenVisChart* buildChart2D(ChartOrder const& order, QString& error);
-FenVisChart* buildChart3D(ChartOrder const& order, QString& error);
 FenVisChart* buildParallel(ChartOrder const& order, QString& error);
 FenVisChart* buildSpider(ChartOrder const& order, QString& error);
 FenVisChart* buildCorrelation(ChartOrder const& order, QString& error);
