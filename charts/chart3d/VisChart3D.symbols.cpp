@@ -11,16 +11,6 @@
 
 using Kes::Math::Vector3;
 
-namespace {
-
-/// Symbols take the colours of their values where nothing else of the variable shows them.
-bool coloredByValue(FenChartVariable const& variable, fen::Shape3D shape)
-{
-    return !variable.colors.get().isEmpty() && shape == fen::Shape3D::Line;
-}
-
-} // namespace
-
 /// @return true when the symbols stand for the surface
 bool FenVisChart3D::DrawSymbolVariable(DrawContext const& context, Variable const& variable) const
 {
@@ -34,9 +24,10 @@ void FenVisChart3D::drawSymbols(DrawContext const& context, Variable const& vari
 {
     fen::VariableStyle const& style = variable.style;
     std::vector<fen::Rgba> colors;
-    if (coloredByValue(*variable.variable, variable.shape)) {
+    // They take the colours of their values where nothing else of the variable shows them.
+    if (style.valueRamp && variable.shape == fen::Shape3D::Line) {
         FenColorMap map(variable.variable->group());
-        map.colors.set(variable.variable->colors.get());
+        map.colors.set(style.valueColors());
         colors.reserve(places.size());
         for (Vector3 const& at : places)
             colors.push_back(
