@@ -2,6 +2,7 @@
 
 #include "axes/ElidedText.h"
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/chart3d/VisChart3D.h"
 #include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/LegendPlacement.h"
 #include "charts/legend/LegendSample.h"
@@ -143,6 +144,8 @@ std::vector<FenVisLegend::Kind> const& FenVisLegend::kinds()
              return dynamic_cast<FenVisChartCorrelation const*>(&chart) != nullptr;
          },
          Sample::Bins, false},
+        {[](FenVisualization const& chart) { return dynamic_cast<FenVisChart3D const*>(&chart) != nullptr; },
+         Sample::Series, true},
     };
     return table;
 }
