@@ -198,6 +198,10 @@ QString choiceText(fen::ChartOrder const& order, fen::ChartSelection const& sele
 
 FenVisChart* fen::buildChart2D(ChartOrder const& order, QString& error)
 {
+    if (order.options.style == QLatin1String("surface")) {
+        error = QStringLiteral("surfaces need a chart of kind 3d");
+        return nullptr;
+    }
     fen::ChartSelection selection;
     error = fen::selectColumns(order.table, order.options, selection);
     if (!error.isEmpty()) return nullptr;

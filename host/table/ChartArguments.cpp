@@ -171,6 +171,8 @@ std::vector<Argument> columnArguments()
          [](Reader& r, Options& o) { r.texts("y", o.y); }},
         {"y2", "COL,...", text("columns on the right axis"),
          [](Reader& r, Options& o) { r.texts("y2", o.y2); }},
+        {"z", "COL", text("column upwards; default: the first with numbers that is not used"),
+         [](Reader& r, Options& o) { r.text("z", o.z); }},
         {"group", "COL", text("a curve, or an item of means, for each text of this column"),
          [](Reader& r, Options& o) { r.text("group", o.group); }},
         {"color-by", "COL", text("column that gives records their colours"),
@@ -233,6 +235,8 @@ std::vector<Argument> axisArguments()
          [](Reader& r, Options& o) { r.text("y-title", o.yTitle); }},
         {"y2-title", "T", text("beside the right axis"),
          [](Reader& r, Options& o) { r.text("y2-title", o.y2Title); }},
+        {"z-title", "T", text("beside the upright axis"),
+         [](Reader& r, Options& o) { r.text("z-title", o.zTitle); }},
     };
 }
 

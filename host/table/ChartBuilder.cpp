@@ -6,8 +6,8 @@
 
 QStringList FenChartOptions::styles()
 {
-    return {FenChart::styleNone, FenChart::styleLine, FenChart::styleSpline, FenChart::styleStep,
-            FenChart::styleBar};
+    return {FenChart::styleNone, FenChart::styleLine, FenChart::styleSpline,
+            FenChart::styleStep, FenChart::styleBar,  QStringLiteral("surface")};
 }
 
 QStringList FenChartOptions::symbols()

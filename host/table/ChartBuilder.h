@@ -24,6 +24,7 @@ struct FENVIS_EXPORT FenChartOptions {
     /// the right: every number column but x.
     QStringList y;
     QStringList y2; ///< columns on the right axis
+    QString z; ///< column upwards; empty: the first with numbers that is not used
     /// Text column: one variable for each of its texts, in a spider one item with the means of its rows;
     /// empty: none
     QString group;
@@ -34,7 +35,7 @@ struct FENVIS_EXPORT FenChartOptions {
     QString ring; ///< of a pie: column with a ring for each of its values; empty: one ring
     QString method = QStringLiteral("pearson"); ///< of a correlation: pearson, spearman
     QString order = QStringLiteral("file"); ///< of the variables of a correlation: file, cluster
-    QString style = QStringLiteral("line"); ///< none, line, spline, step, bar
+    QString style = QStringLiteral("line"); ///< none, line, spline, step, bar, surface
     /// none, rect, ellipse, triangle ...; empty: none, but for a single row, which has no line
     std::optional<QString> symbol;
     std::optional<QString> fill; ///< none, solid, sparse, gradient; empty: solid for bars, else none
@@ -51,6 +52,7 @@ struct FENVIS_EXPORT FenChartOptions {
     std::optional<QString> xTitle; ///< empty: the column's name
     std::optional<QString> yTitle; ///< empty: the column's name when there is one
     std::optional<QString> y2Title;
+    std::optional<QString> zTitle;
     std::optional<bool> legend; ///< empty: with 2 to 12 variables
 
     static QStringList styles();

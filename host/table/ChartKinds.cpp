@@ -6,6 +6,7 @@
 #include "host/table/ChartBuilder.h"
 
 #include "charts/chart2d/VisChart2D.h"
+#include "charts/chart3d/VisChart3D.h"
 #include "charts/correlation/VisChartCorrelation.h"
 #include "charts/legend/VisLegend.h"
 #include "charts/parallel/VisChartPCP.h"
@@ -32,6 +33,12 @@ void prepareXY(FenVisualization& node)
     if (!content) return;
     addAxis(content->xAxes, "x");
     addAxis(content->yAxes, "y");
+}
+
+void prepareXYZ(FenVisualization& node)
+{
+    prepareXY(node);
+    if (auto* const content = dynamic_cast<FenChartXYZ*>(fen::contentOf(node))) addAxis(content->zAxes, "z");
 }
 
 /// None in the 3D view, where the camera is moved.
@@ -87,6 +94,11 @@ std::vector<ChartKind> const& fen::chartKinds()
          buildCorrelation, nullptr, nullptr},
         {QStringLiteral("pie"), FenVisChartPie::typeString, words("label value ring"), nullptr, buildPie,
          nullptr, dressPie},
+        {QStringLiteral("3d"), FenVisChart3D::typeString,
+         words("x y z group style symbol fill line-style line-width symbol-size smooth no-smooth x-title "
+               "y-title "
+               "z-title"),
+         prepareXYZ, buildChart3D, nullptr, nullptr},
     };
     return table;
 }

@@ -80,5 +80,6 @@ FenVisChart* buildSpider(ChartOrder const& order, QString& error);
 FenVisChart* buildCorrelation(ChartOrder const& order, QString& error);
 FenVisChart* buildPie(ChartOrder const& order, QString& error);
 void dressPie(FenVisualization& node, FenTheme const& theme);
+FenVisChart* buildChart3D(ChartOrder const& order, QString& error);
 
 } // namespace fen
