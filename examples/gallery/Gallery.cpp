@@ -143,6 +143,30 @@ std::vector<gallery::Scene> makeScenes()
          QStringLiteral("A shadow on the floor"),
          {},
          gallery::buildTeapotShadow},
+        fromCommand("terrain", "The Jacksboro fault in Tennessee",
+                    words("data/samples/jacksboro-terrain.csv --kind 3d --style surface "
+                          "--x-title longitude_[°] --y-title latitude_[°] --z-title height_[m]")),
+        fromCommand(
+            "penguins-3d", "Penguins in three measures",
+            words("data/samples/penguins.csv --kind 3d --x flipper_length_mm --y bill_length_mm "
+                  "--z body_mass_g --group species --style none --symbol-size 8 "
+                  "--x-title flipper_length_[mm] --y-title bill_length_[mm] --z-title body_mass_[g]")),
+        {QStringLiteral("earthquakes-3d"),
+         QStringLiteral("Earthquakes by time, strength and depth"),
+         {},
+         gallery::buildEarthquakesInSpace},
+        {QStringLiteral("rain-3d"),
+         QStringLiteral("Rain in Seattle by month and year"),
+         {},
+         gallery::buildRainOfMonths},
+        {QStringLiteral("co2-years"),
+         QStringLiteral("Carbon dioxide, year behind year"),
+         {},
+         gallery::buildYearsOfCarbonDioxide},
+        {QStringLiteral("iowa-depth"),
+         QStringLiteral("Electricity in Iowa in depth"),
+         {},
+         gallery::buildIowaInDepth},
     };
 }
 

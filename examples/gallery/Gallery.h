@@ -40,5 +40,9 @@ void furnishChart(FenVisScene& scene);
 void buildTextPlacement(FenVisScene& scene);
 void buildTeapotLights(FenVisScene& scene);
 void buildTeapotShadow(FenVisScene& scene);
+void buildEarthquakesInSpace(FenVisScene& scene);
+void buildRainOfMonths(FenVisScene& scene);
+void buildYearsOfCarbonDioxide(FenVisScene& scene);
+void buildIowaInDepth(FenVisScene& scene);
 
 } // namespace gallery

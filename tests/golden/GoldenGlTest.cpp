@@ -2,6 +2,8 @@
 #include "host/headless/OffscreenContext.h"
 #include "host/scene/Scene.h"
 #include "host/table/DataTable.h"
+#include "services/math/BoundingBox.h"
+#include "services/properties/ColorSchemes.h"
 #include "tests/support/OffscreenGlTest.h"
 
 #include "charts/correlation/VisChartCorrelation.h"
@@ -14,6 +16,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <map>
 
@@ -118,6 +122,24 @@ std::string sceneName(testing::TestParamInfo<gallery::Scene> const& info)
     return name;
 }
 
+/// Pixels in the hues of a ramp, whatever the light makes of them. Axes, grid and ground have no hue.
+int countHues(Picture const& picture, QList<QColor> const& ramp)
+{
+    constexpr int samples = 32, near = 8, colorful = 60; // hues in degrees, saturation of 255
+    std::array<bool, 360> wanted{};
+    for (int i = 0; i <= samples; ++i) {
+        int const hue = fen::rampColor(ramp, double(i) / samples).hsvHue();
+        for (int k = -near; hue >= 0 && k <= near; ++k) wanted[std::size_t((hue + k + 360) % 360)] = true;
+    }
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) {
+            QColor const pixel = picture.pixel(x, y);
+            count += pixel.hsvSaturation() >= colorful && wanted[std::size_t(std::max(0, pixel.hsvHue()))];
+        }
+    return count;
+}
+
 } // namespace
 
 TEST_P(GoldenGlTest, LooksAsItDid)
@@ -161,6 +183,7 @@ TEST_P(GoldenGlTest, LooksAsItDid)
 TEST_P(GoldenGlTest, ShowsEachOfItsVariables)
 {
     constexpr int least = 40; // [px]
+    constexpr int leastLit = 2000; // [px] of a ramp in light; its sample in a legend has fewer
     FenVisScene scene;
     Picture const actual = drawn(scene);
     auto* const node = dynamic_cast<FenVisChart*>(scene.root().at(0U));
@@ -172,8 +195,15 @@ TEST_P(GoldenGlTest, ShowsEachOfItsVariables)
     ASSERT_TRUE(node->variables());
     FenChartVariableList const& variables = *node->variables();
     ASSERT_GT(variables.size(), 0U);
-    for (unsigned i = 0; i < variables.size(); ++i)
-        EXPECT_GE(actual.count(colorOf(*node, variables[i]), 8), least) << variables[i].name().toStdString();
+    for (unsigned i = 0; i < variables.size(); ++i) {
+        bool const lit =
+            node->boundingBox().defined() && variables[i].fillMode.get() == FenChart::fillGradient;
+        if (lit)
+            EXPECT_GE(countHues(actual, variables[i].colors.get()), leastLit);
+        else
+            EXPECT_GE(actual.count(colorOf(*node, variables[i]), 8), least)
+                << variables[i].name().toStdString();
+    }
     QColor const corner = actual.pixel(0, 0);
     bool const pictured = dynamic_cast<FenVisImage const*>(scene.root().at("sky"));
     if (!pictured) {
