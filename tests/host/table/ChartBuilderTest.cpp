@@ -184,7 +184,7 @@ TEST_F(ChartBuilder, SaysWhatDoesNotFitAndAddsNothing)
         {"--y2 date", "column \"date\" holds dates, not numbers"},
         {"--group wind", "column \"wind\" holds numbers; groups are made of texts"},
         {"--log x", "column \"date\" holds dates, which have no logarithm"},
-        {"--style curve", "--style \"curve\": expected one of: none, line, spline, step, bar"},
+        {"--style curve", "--style \"curve\": expected one of: none, line, spline, step, bar, surface"},
         {"--log z", "--log \"z\": expected one of: x, y, x,y"},
         {"--line-width 1e9", "--line-width \"1e9\": expected a number from 0.1 to 64"},
         {"--symbol-size nan", "--symbol-size \"nan\": expected a number from 1 to 64"},
